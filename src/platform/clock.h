@@ -1,0 +1,26 @@
+// Time and chance.
+#pragma once
+
+#include "base/civil_time.h"
+
+#include <cstdint>
+#include <string>
+
+namespace corvel {
+
+class Clock {
+ public:
+  virtual ~Clock() = default;
+  virtual std::uint32_t TickCount() = 0;   // milliseconds since the system started; wraps at 2^32
+  virtual CivilTime Now() = 0;             // local time
+  virtual std::string TimeZoneName() = 0;  // "Eastern Standard Time"
+};
+
+class Random {
+ public:
+  virtual ~Random() = default;
+  virtual void Reseed() = 0;  // from the clock
+  virtual double Draw() = 0;  // in [0, 1)
+};
+
+}  // namespace corvel
