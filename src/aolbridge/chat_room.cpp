@@ -1,0 +1,112 @@
+// The chat room: finding it, who is in it, what was said last, and putting text into it.
+#include "aolbridge/aolclient.h"
+#include "aolbridge/list_memory.h"
+#include "base/text.h"
+#include "core/dialogs.h"
+#include "core/helpers.h"
+
+namespace corvel {
+namespace {
+
+constexpr std::size_t kViewStart = 150;  // so much of the view tells a room from other windows
+
+const char* ViewClass(const Globals& g) { return g.AOLVer == "3" ? "_AOL_VIEW" : "RICHCNTL"; }
+
+}  // namespace
+
+bool AolClient::EnumChatRoom(Window window, Window parent) {
+  const Globals& g = program_.g;
+  WindowSystem& windows = program_.platform.windows;
+  if (windows.Parent(window) != parent) return true;
+  if (!FindChildByClass(window, "_AOL_LISTBOX")) return true;
+  const Window view = FindChildByClass(window, ViewClass(g));
+  if (!view) return true;
+  if (!FindChildByClass(window, g.AOLVer == "3" ? "_AOL_ICON" : "_AOL_COMBOBOX")) return true;
+  const std::string text = windows.SendForText(view, wm::kGetText, kViewStart + 1, kViewStart + 1);
+  if (text.find(':') == std::string::npos || text.find('\t') == std::string::npos) return true;
+  program_.g.hChatRoom = window;
+  return false;
+}
+
+void AolClient::LookForRoom() {
+  const Window mdi = program_.g.hMDI;
+  const bool unstopped = program_.platform.windows.EnumDescendants(
+      mdi, [&](Window window) { return EnumChatRoom(window, mdi); });
+  if (unstopped) program_.g.hChatRoom = {};
+}
+
+Window AolClient::FindChatRoom(Window parent, std::string_view className) {
+  const bool is3 = program_.g.AOLVer == "3";
+  WindowSystem& windows = program_.platform.windows;
+  for (Window w = windows.TopChild(parent); parent && w; w = windows.Next(w)) {
+    if (EqualNoCase(windows.ClassOf(w), className) && FindChildByClass(w, "_AOL_LISTBOX") &&
+        FindChildByClass(w, ViewClass(program_.g)) &&
+        FindChildByClass(w, is3 ? "_AOL_EDIT" : "_AOL_COMBOBOX"))
+      return w;
+  }
+  return {};
+}
+
+Window AolClient::ChatInput(Window room) {
+  return program_.g.AOLVer == "3" ? FindChildByClass(room, "_AOL_EDIT")
+                                  : FindChildByClass(room, "RICHCNTL", 2);
+}
+
+void AolClient::TextToChat(const std::string& text, int mode) {
+  if (!program_.g.hChatRoom) {
+    MsgBoxEx(program_,
+             "~B~CRNo AOL Chat Room visible!~B~CN~N ~NYou must be in a chat room to use this "
+             "feature!",
+             style::kOk + style::kExclamation);
+    return;
+  }
+  WindowSystem& windows = program_.platform.windows;
+  const Window input = ChatInput(program_.g.hChatRoom);
+  windows.SetFocus(input);
+  windows.SendText(input, wm::kSetText, 0, text);
+  if (mode == 0) return;
+  if (mode == 2) Pause(program_, 0.5);
+  windows.Send(input, wm::kChar, 13, 0);
+}
+
+std::string AolClient::ReadLBItem(int row) {
+  WindowSystem& windows = program_.platform.windows;
+  const Window list = FindChildByClass(program_.g.hChatRoom, "_AOL_LISTBOX");
+  const auto memory = program_.platform.processes.Open(windows.ProcessOf(list));
+  if (!memory) return {};
+  const auto data = windows.Send(list, wm::kLbGetItemData, static_cast<WParam>(row), 0);
+  return ReadRowName(*memory, static_cast<std::uint32_t>(data));
+}
+
+std::string AolClient::GetSNFromLB() {
+  const Window list = FindChildByClass(program_.g.hChatRoom, "_AOL_LISTBOX");
+  return ReadLBItem(static_cast<int>(program_.platform.windows.Send(list, wm::kLbGetCurSel, 0, 0)));
+}
+
+std::vector<std::string> AolClient::ListRoomNames() {
+  WindowSystem& windows = program_.platform.windows;
+  Globals& g = program_.g;
+  if (g.CurrentSN.empty()) g.CurrentSN = GetUserSN();
+  std::vector<std::string> names;
+  const Window list = FindChildByClass(g.hChatRoom, "_AOL_LISTBOX");
+  const auto memory = program_.platform.processes.Open(windows.ProcessOf(list));
+  if (!memory) return names;
+  const auto count = windows.Send(list, wm::kLbGetCount, 0, 0);
+  for (MessageResult row = 0; row < count; ++row) {
+    const auto data = windows.Send(list, wm::kLbGetItemData, static_cast<WParam>(row), 0);
+    std::string name = ReadRowName(*memory, static_cast<std::uint32_t>(data));
+    if (name != g.CurrentSN) names.push_back(std::move(name));
+  }
+  return names;
+}
+
+std::string AolClient::GetLastChatLine(Window view) {
+  const std::string text = GetAPIText(view);
+  const auto tab = text.rfind('\t');
+  if (tab == std::string::npos) return {};
+  const auto before = text.rfind('\r', tab);
+  const std::size_t start = before == std::string::npos ? 0 : before + 1;
+  return text.substr(start, tab - start) + text.substr(tab + 1);
+}
+
+}  // namespace corvel
