@@ -31,8 +31,8 @@ class Files {
  public:
   virtual ~Files() = default;
 
-  // All that matches a path whose last part may hold * and ?, folders included, in the drive's own
-  // order. Never throws; an unknown folder gives nothing.
+  // All that matches a path whose last part may hold * and ?, folders included but "." and ".."
+  // not, in the drive's own order. Never throws; an unknown folder gives nothing.
   virtual std::vector<FoundFile> Search(std::string_view pattern) = 0;
   // True if there is a file or folder that matches the path or pattern. Never throws.
   virtual bool Exists(std::string_view pattern) = 0;
@@ -47,8 +47,10 @@ class Files {
 
   virtual void MakeFolder(std::string_view path) = 0;  // one level; 75 if it exists
   virtual void Delete(std::string_view path) = 0;
-  virtual void Copy(std::string_view from, std::string_view to) = 0;    // over an existing file
-  virtual void Rename(std::string_view from, std::string_view to) = 0;  // 58 if `to` exists
+  // Over an existing file too; 75 if both paths are the same file. The copy has its attributes.
+  virtual void Copy(std::string_view from, std::string_view to) = 0;
+  // A file or folder; 58 if `to` exists as another. May change the case of a name.
+  virtual void Rename(std::string_view from, std::string_view to) = 0;
   virtual void SetAttributes(std::string_view path, std::uint32_t attributes) = 0;
 
   // The 8.3 form of an existing path; "" if there is none. Never throws.

@@ -1,0 +1,133 @@
+// Forms and controls as desk windows; see desk_form.h.
+#include "platform/desk/desk_form.h"
+
+namespace corvel::desk {
+namespace {
+
+// Frame and title bar at the system's usual sizes, in pixels.
+constexpr Size kFixedFrame{6, 25}, kSizingFrame{8, 27}, kNoFrame{0, 0};
+
+bool CanHaveFocus(ControlKind kind) {
+  return kind != ControlKind::kLabel && kind != ControlKind::kPicture &&
+         kind != ControlKind::kFrame && kind != ControlKind::kProgressBar;
+}
+
+// Window and state in step, for those who look at windows.
+void KeepInStep(Desk& desk, Window window, bool visible, bool enabled, const Rect& place) {
+  WindowNode* node = desk.windows().impl().tree.Find(window);
+  if (!node) return;
+  node->visible = visible;
+  node->enabled = enabled;
+  node->place = place;
+}
+
+void DestroyPeer(Desk& desk, Window window) { desk.windows().impl().DestroyTree(window); }
+
+}  // namespace
+
+// --- Controls ------------------------------------------------------------------------------------
+
+DeskControl::DeskControl(DeskForm& form, const ControlState& state, ControlEvents& events)
+    : desk_(form.desk()), form_(&form), state_(state), events_(events) {
+  WindowNode* node = desk_.windows().impl().AddWindow("CorvelControl", form.Handle(), *this);
+  if (!node) return;
+  window_ = node->handle;
+  node->shownText = &state_.text;
+  Changed(Aspect::kAll, -1);
+}
+
+DeskControl::~DeskControl() {
+  if (form_) form_->Forget(*this);
+  DestroyPeer(desk_, window_);
+}
+
+void DeskControl::Changed(Aspect aspect, int) {
+  if (aspect == Aspect::kAll || aspect == Aspect::kVisible || aspect == Aspect::kEnabled ||
+      aspect == Aspect::kPlace)
+    KeepInStep(desk_, window_, state_.visible, state_.enabled, state_.place);
+}
+
+void DeskControl::TakeFocus() {
+  if (CanHaveFocus(state_.kind)) desk_.windows().SetFocus(window_);
+}
+
+MessageResult DeskControl::OnMessage(Window window, const Message& message) {
+  return message.id == wm::kClose ? 0 : desk_.windows().Default(window, message);
+}
+
+// --- Forms ---------------------------------------------------------------------------------------
+
+DeskForm::DeskForm(Desk& desk, std::vector<DeskForm*>& all, const FormState& state,
+                   FormEvents& events)
+    : desk_(desk), all_(all), state_(state), events_(events), process_(desk.Current()) {
+  all_.push_back(this);
+  WindowNode* node = desk_.windows().impl().AddWindow("CorvelForm", {}, *this);
+  if (!node) return;
+  window_ = node->handle;
+  node->shownText = &state_.caption;
+  Changed(Aspect::kAll);
+}
+
+DeskForm::~DeskForm() {
+  if (desk_.windows().Exists(window_)) NoteShown(false);
+  std::erase(all_, this);
+  for (DeskControl* control : controls_) control->LoseForm();
+  DestroyPeer(desk_, window_);
+}
+
+void DeskForm::NoteShown(bool shown) {
+  if (shown == shown_) return;
+  shown_ = shown;
+  desk_.Note(shown ? "shown" : "hidden", {state_.name});
+}
+
+void DeskForm::Changed(Aspect) {
+  KeepInStep(desk_, window_, shown_, state_.enabled, state_.place);
+  WindowNode* node = desk_.windows().impl().tree.Find(window_);
+  if (!node || node->topMost == state_.topMost) return;
+  node->topMost = state_.topMost;
+  desk_.windows().impl().tree.Raise(*node);
+}
+
+Window DeskForm::FirstFocus() const {
+  const DeskControl* first = nullptr;
+  for (const DeskControl* control : controls_)
+    if (control->IsUsable() && CanHaveFocus(control->State().kind) &&
+        (!first || control->State().tabOrder < first->State().tabOrder))
+      first = control;
+  return first ? const_cast<DeskControl*>(first)->Handle() : window_;
+}
+
+void DeskForm::ApplyVisible(bool activate) {
+  DeskWindows& windows = desk_.windows();
+  if (!windows.Exists(window_)) return;
+  NoteShown(state_.visible);
+  windows.impl().ShowNode(window_, state_.visible);
+  if (state_.visible && activate) windows.SetFocus(FirstFocus());
+}
+
+Size DeskForm::FrameSize() {
+  if (!state_.border) return kNoFrame;
+  return state_.resizable ? kSizingFrame : kFixedFrame;
+}
+
+std::unique_ptr<ControlPeer> DeskForm::Add(const ControlState& state, ControlEvents& events) {
+  auto control = std::make_unique<DeskControl>(*this, state, events);
+  controls_.push_back(control.get());
+  return control;
+}
+
+MessageResult DeskForm::OnMessage(Window window, const Message& message) {
+  if (message.id == wm::kTimer || message.id >= wm::kUser) {
+    events_.OnMessage(message.id, message.wParam, message.lParam);
+    return 0;
+  }
+  if (message.id == wm::kClose) {
+    events_.UserClose();
+    return 0;
+  }
+  if (message.id == wm::kDestroy) NoteShown(false);  // it dies with its owner
+  return desk_.windows().Default(window, message);
+}
+
+}  // namespace corvel::desk

@@ -1,0 +1,76 @@
+// The peers themselves: a form and a control as desk windows.
+#pragma once
+
+#include "platform/desk/desk_core.h"
+#include "platform/peers.h"
+
+#include <memory>
+#include <vector>
+
+namespace corvel::desk {
+
+class DeskForm;
+
+class DeskControl : public ControlPeer, public WindowProcedure {
+ public:
+  DeskControl(DeskForm& form, const ControlState& state, ControlEvents& events);
+  ~DeskControl() override;
+  DeskControl(const DeskControl&) = delete;
+  DeskControl& operator=(const DeskControl&) = delete;
+
+  void Changed(Aspect aspect, int row) override;
+  void TakeFocus() override;
+  Window Handle() override { return window_; }
+  MessageResult OnMessage(Window window, const Message& message) override;
+
+  DeskForm* Form() const { return form_; }
+  const ControlState& State() const { return state_; }
+  ControlEvents& Events() const { return events_; }
+  void LoseForm() { form_ = nullptr; }  // the form's peer has gone first
+  bool IsUsable() const { return state_.visible && state_.enabled; }
+
+ private:
+  Desk& desk_;
+  DeskForm* form_;
+  const ControlState& state_;
+  ControlEvents& events_;
+  Window window_{};
+};
+
+class DeskForm : public FormPeer, public WindowProcedure {
+ public:
+  DeskForm(Desk& desk, std::vector<DeskForm*>& all, const FormState& state, FormEvents& events);
+  ~DeskForm() override;
+  DeskForm(const DeskForm&) = delete;
+  DeskForm& operator=(const DeskForm&) = delete;
+
+  void Changed(Aspect aspect) override;
+  void ApplyVisible(bool activate) override;
+  Window Handle() override { return window_; }
+  Size FrameSize() override;
+  std::unique_ptr<ControlPeer> Add(const ControlState& state, ControlEvents& events) override;
+  MessageResult OnMessage(Window window, const Message& message) override;
+
+  Desk& desk() const { return desk_; }
+  ProcessId Process() const { return process_; }
+  const FormState& State() const { return state_; }
+  FormEvents& Events() const { return events_; }
+  const std::vector<DeskControl*>& Controls() const { return controls_; }
+  void Forget(DeskControl& control) { std::erase(controls_, &control); }
+  bool IsUsable() const { return desk_.windows().IsVisible(window_) && state_.enabled; }
+
+ private:
+  void NoteShown(bool shown);
+  Window FirstFocus() const;
+
+  Desk& desk_;
+  std::vector<DeskForm*>& all_;  // of the desk's forms, oldest first
+  const FormState& state_;
+  FormEvents& events_;
+  ProcessId process_;
+  Window window_{};
+  bool shown_ = false;
+  std::vector<DeskControl*> controls_;
+};
+
+}  // namespace corvel::desk

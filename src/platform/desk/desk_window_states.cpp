@@ -1,0 +1,207 @@
+// Orders to windows: enabling, showing, focus, z-order, parents, owners, keys.
+#include "base/cp1252.h"
+#include "base/text.h"
+#include "platform/desk/desk_core.h"
+
+namespace corvel::desk {
+namespace {
+
+constexpr int kShowMinimized = 2, kMinimize = 6, kShowMinNoActive = 7;
+
+struct ShowEffect {
+  int command;
+  bool visible, iconic, keepsIconic, activates;
+};
+constexpr ShowEffect kShowEffects[] = {
+    {show::kHide, false, false, true, false},       {show::kNormal, true, false, false, true},
+    {kShowMinimized, true, true, false, true},      {show::kMaximized, true, false, false, true},
+    {show::kNoActivate, true, false, false, false}, {show::kShow, true, false, true, true},
+    {kMinimize, true, true, false, false},          {kShowMinNoActive, true, true, false, false},
+    {show::kRestore, true, false, false, true},
+};
+
+bool TakesFocus(const WindowNode& node) {
+  for (const WindowNode* at = &node; at; at = at->parent)
+    if (!at->enabled || at->iconic || at->destroying) return false;
+  return true;
+}
+
+bool BeginsWithNoCase(std::string_view text, std::string_view beginning) {
+  return EqualNoCase(text.substr(0, beginning.size()), beginning);
+}
+
+// The character that a key types by itself, or 0.
+WParam CharacterOf(int virtualKey) {
+  constexpr int kBackspace = 8, kTab = 9, kEnter = 13, kEscape = 27, kBlank = 32;
+  switch (virtualKey) {
+    case kBackspace:
+    case kTab:
+    case kEnter:
+    case kEscape:
+    case kBlank:
+      return static_cast<WParam>(virtualKey);
+    default:
+      break;
+  }
+  const bool typed =
+      (virtualKey >= '0' && virtualKey <= '9') || (virtualKey >= 'A' && virtualKey <= 'Z');
+  return typed ? static_cast<unsigned char>(LowerChar(static_cast<char>(virtualKey))) : 0;
+}
+
+}  // namespace
+
+// --- Focus ---------------------------------------------------------------------------------------
+
+void DeskWindows::Impl::MoveFocus(Window window) {
+  WindowNode* node = tree.Find(window);
+  if (window && (!node || !TakesFocus(*node))) return;
+  if (node) tree.Raise(tree.RootOf(*node));
+  if (focus == window) return;
+  const Window before = focus;
+  focus = window;
+  Ask(before, {.id = wm::kKillFocus, .wParam = window.value});
+  if (focus == window) Ask(window, {.id = wm::kSetFocus, .wParam = before.value});
+}
+
+void DeskWindows::Impl::MoveFocusOff(WindowNode& leaving) {
+  const WindowNode* focused = tree.Find(focus);
+  if (!focused || !WindowTree::IsWithin(*focused, leaving)) return;
+  if (!tree.IsTopLevel(leaving)) {
+    const bool parentTakes = TakesFocus(*leaving.parent);
+    return MoveFocus(parentTakes ? leaving.parent->handle : Window{});
+  }
+  const WindowNode* next = tree.Find(leaving.owner);
+  if (!next || !next->visible || !TakesFocus(*next)) {
+    next = tree.Desktop().firstChild;
+    while (next && (next == &leaving || !next->visible || !TakesFocus(*next))) next = next->next;
+  }
+  MoveFocus(next ? next->handle : Window{});
+}
+
+void DeskWindows::SetFocus(Window window) {
+  impl_->MoveFocus(window);
+  impl_->core().processes.ThrowIfEnded();
+}
+
+Window DeskWindows::Focus() { return impl_->focus; }
+
+// --- State ---------------------------------------------------------------------------------------
+
+void DeskWindows::Enable(Window window, bool enabled) {
+  WindowNode* node = impl_->tree.Find(window);
+  if (!node || node->enabled == enabled) return;
+  node->enabled = enabled;
+  if (!enabled && impl_->focus == window) impl_->MoveFocus({});
+  impl_->Ask(window, {.id = wm::kEnable, .wParam = enabled});
+  impl_->core().processes.ThrowIfEnded();
+}
+
+void DeskWindows::Impl::ShowNode(Window window, bool visible) {
+  WindowNode* node = tree.Find(window);
+  if (!node || node->visible == visible) return;
+  Ask(window, {.id = wm::kShowWindow, .wParam = visible});
+  node = tree.Find(window);
+  if (!node) return;
+  node->visible = visible;
+  if (!visible) MoveFocusOff(*node);
+}
+
+void DeskWindows::Show(Window window, int command) {
+  for (const ShowEffect& effect : kShowEffects) {
+    if (effect.command != command) continue;
+    if (WindowNode* node = impl_->tree.Find(window); node && !effect.keepsIconic)
+      node->iconic = effect.iconic;
+    impl_->ShowNode(window, effect.visible);
+    WindowNode* node = impl_->tree.Find(window);
+    if (node && effect.activates && impl_->tree.IsTopLevel(*node)) impl_->MoveFocus(window);
+  }
+  impl_->core().processes.ThrowIfEnded();
+}
+
+// --- Place ---------------------------------------------------------------------------------------
+
+void DeskWindows::BringToTop(Window window) {
+  WindowNode* node = impl_->tree.Find(window);
+  if (!node) return;
+  impl_->tree.Raise(*node);
+  if (impl_->tree.IsTopLevel(*node) && node->visible) impl_->MoveFocus(window);
+  impl_->core().processes.ThrowIfEnded();
+}
+
+void DeskWindows::SetParent(Window window, Window parent) {
+  WindowTree& tree = impl_->tree;
+  WindowNode* node = tree.Find(window);
+  WindowNode* newParent = parent ? tree.Find(parent) : &tree.Desktop();
+  if (!node || !newParent || WindowTree::IsWithin(*newParent, *node)) return;
+  tree.Unlink(*node);
+  tree.LinkTop(*node, *newParent);
+}
+
+void DeskWindows::Place(Window window, const Rect& place) {
+  WindowNode* node = impl_->tree.Find(window);
+  if (!node) return;
+  const Rect before = node->place;
+  node->place = place;
+  if (place.left != before.left || place.top != before.top)
+    impl_->Ask(window, {.id = wm::kMove, .lParam = (place.top << 16) | (place.left & 0xFFFF)});
+  if (place.width != before.width || place.height != before.height)
+    impl_->Ask(window, {.id = wm::kSize, .lParam = (place.height << 16) | (place.width & 0xFFFF)});
+  impl_->core().processes.ThrowIfEnded();
+}
+
+void DeskWindows::SetOwner(Window window, Window owner) {
+  WindowTree& tree = impl_->tree;
+  WindowNode* node = tree.Find(window);
+  if (!node || !tree.IsTopLevel(*node)) return;
+  WindowNode* ownerNode = tree.Find(owner);
+  if (!ownerNode) {
+    node->owner = {};
+    return;
+  }
+  WindowNode& root = tree.RootOf(*ownerNode);
+  for (const WindowNode* at = &root; at; at = tree.Find(at->owner))
+    if (at == node) return;  // a window can't own itself, not even by a detour
+  node->owner = root.handle;
+  tree.PutAbove(*node, root);
+}
+
+void DeskWindows::SetTopMost(Window window) {
+  WindowNode* node = impl_->tree.Find(window);
+  if (!node || !impl_->tree.IsTopLevel(*node)) return;
+  node->topMost = true;
+  impl_->tree.Raise(*node);
+}
+
+// --- Across programs -----------------------------------------------------------------------------
+
+void DeskWindows::EndDialog(Window dialog, int) {
+  const WindowNode* node = impl_->tree.Find(dialog);
+  if (!node || node->atom != impl_->tree.Classes().Lookup("#32770")) return;
+  if (node->process->hung) return;
+  impl_->core().processes.Call(*node->process, [&] { impl_->DestroyTree(dialog); });
+  impl_->core().processes.ThrowIfEnded();
+}
+
+bool DeskWindows::ActivateByCaption(std::string_view caption) {
+  const WindowNode* found = nullptr;
+  for (const WindowNode* node = impl_->tree.Desktop().firstChild; node; node = node->next) {
+    if (!node->visible) continue;
+    if (EqualNoCase(node->Text(), caption)) {
+      found = node;
+      break;
+    }
+    if (!found && BeginsWithNoCase(node->Text(), caption)) found = node;
+  }
+  if (!found) return false;
+  BringToTop(found->handle);
+  return true;
+}
+
+void DeskWindows::TypeKey(int virtualKey) {
+  const auto key = static_cast<WParam>(virtualKey);
+  Post(impl_->focus, wm::kKeyDown, key, 0);
+  if (const WParam character = CharacterOf(virtualKey)) Post(impl_->focus, wm::kChar, character, 0);
+  Post(impl_->focus, wm::kKeyUp, key, 0);
+}
+
+}  // namespace corvel::desk

@@ -1,0 +1,12 @@
+// Wave files of any bytes.
+#include "platform/desk/wave_header.h"
+
+#include <cstdint>
+#include <cstdlib>
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  const std::string_view bytes(reinterpret_cast<const char*>(data), size);
+  const auto header = corvel::desk::ReadWaveHeader(bytes);
+  if (header && (header->dataBytes > size || header->Milliseconds() < 0)) std::abort();
+  return 0;
+}

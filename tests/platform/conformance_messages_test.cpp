@@ -1,0 +1,199 @@
+// Messages: who gets which, in which order.
+#include "tests/platform/home.h"
+
+#include <gtest/gtest.h>
+
+namespace corvel::test {
+namespace {
+
+class Messages : public testing::Test {
+ protected:
+  Window Make(const char* name, Window parent = {}, const char* systemClass = "",
+              bool mdiChild = false, bool visible = true) {
+    return other.Make(name, {.className = std::string("Class ") + name,
+                             .caption = name,
+                             .parent = parent,
+                             .visible = visible,
+                             .id = 3,
+                             .mdiChild = mdiChild,
+                             .systemClass = systemClass});
+  }
+
+  std::unique_ptr<Home> home = MakeHome();
+  OtherProcess& other = home->other();
+  WindowSystem& windows = home->platform().windows;
+};
+
+TEST_F(Messages, TextIsCutToTheRoomThatIsAskedFor) {
+  const Window box = Make("box");
+  EXPECT_EQ(windows.SendText(box, wm::kSetText, 0, "hello"), 1);
+  const struct {
+    std::size_t room;
+    const char* text;
+  } cases[] = {{0, ""}, {1, ""}, {2, "h"}, {5, "hell"}, {6, "hello"}, {100, "hello"}};
+  for (const auto& c : cases)
+    EXPECT_EQ(windows.SendForText(box, wm::kGetText, 0, c.room), c.text) << c.room;
+  EXPECT_EQ(windows.Send(box, wm::kGetTextLength, 0, 0), 5);
+  windows.SendText(box, wm::kSetText, 0, std::string_view("a\0b", 3));
+  EXPECT_EQ(windows.SendForText(box, wm::kGetText, 0, 10), "a");
+}
+
+TEST_F(Messages, EditBoxesTakeCharacters) {
+  const Window edit = Make("edit", Make("frame"), "EDIT");
+  windows.SendText(edit, wm::kSetText, 0, "ab");
+  for (const WParam c : {WParam{'c'}, WParam{8}, WParam{0x95}, WParam{13}})
+    windows.Send(edit, wm::kChar, c, 0);
+  EXPECT_EQ(windows.SendForText(edit, wm::kGetText, 0, 100), "ab\x95");
+}
+
+TEST_F(Messages, OfMakingWindows) {
+  other.Record({wm::kCreate, wm::kParentNotify, wm::kMdiCreate, wm::kShowWindow, wm::kDestroy});
+  const Window frame = Make("frame", {}, "", false, false);
+  EXPECT_EQ(other.TakeLog(), (Log{"frame:create"}));
+  const Window mdi = Make("mdi", frame);
+  EXPECT_EQ(other.TakeLog(), (Log{"mdi:create", "frame:child-create", "mdi:show(1)"}));
+  Make("im", mdi, "", true);
+  EXPECT_EQ(other.TakeLog(), (Log{"mdi:mdicreate", "im:create", "mdi:child-create",
+                                  "frame:child-create", "im:show(1)"}));
+  EXPECT_EQ(Make("orphan", Window{0x7FFFFFFC}), Window{});
+  other.AnswerWith(wm::kCreate, -1);
+  other.TakeLog();
+  EXPECT_EQ(Make("refused"), Window{}) << "a procedure may refuse to be made";
+  EXPECT_EQ(other.TakeLog(), (Log{"refused:create", "refused:destroy"}));
+}
+
+TEST_F(Messages, OfDestructionGoFromTheTopDownAndThenUp) {
+  const Window frame = Make("frame"), a = Make("a", frame);
+  Make("aa", a);
+  Make("b", frame);
+  const Window owned = Make("owned");
+  windows.SetOwner(owned, frame);
+  other.Record({wm::kDestroy, wm::kNcDestroy, wm::kParentNotify});
+  windows.Send(frame, wm::kClose, 0, 0);
+  EXPECT_EQ(other.TakeLog(),
+            (Log{"owned:destroy", "owned:ncdestroy", "frame:destroy", "a:destroy", "aa:destroy",
+                 "b:destroy", "aa:ncdestroy", "a:ncdestroy", "b:ncdestroy", "frame:ncdestroy"}));
+}
+
+TEST_F(Messages, OfAChildsEndComeToItsParents) {
+  const Window frame = Make("frame"), a = Make("a", frame);
+  other.Record({wm::kDestroy, wm::kParentNotify});
+  other.Destroy(a);
+  EXPECT_EQ(other.TakeLog(), (Log{"frame:child-destroy", "a:destroy"}));
+}
+
+TEST_F(Messages, OfFocusGoToTheOldAndThenToTheNewWindow) {
+  const Window frame = Make("frame"), a = Make("a", frame), b = Make("b", frame);
+  EXPECT_EQ(windows.Focus(), frame) << "a new visible window is the active one";
+  other.Record({wm::kSetFocus, wm::kKillFocus, wm::kEnable});
+  windows.SetFocus(a);
+  windows.SetFocus(b);
+  windows.SetFocus(b);
+  EXPECT_EQ(other.TakeLog(), (Log{"frame:killfocus", "a:setfocus", "a:killfocus", "b:setfocus"}));
+  windows.Enable(a, false);
+  windows.SetFocus(a);
+  EXPECT_EQ(windows.Focus(), b) << "a disabled window takes no focus";
+  windows.Enable(b, false);
+  EXPECT_EQ(windows.Focus(), Window{});
+  EXPECT_EQ(other.TakeLog(), (Log{"a:enable(0)", "b:killfocus", "b:enable(0)"}));
+}
+
+TEST_F(Messages, KeysGoToTheFocusLater) {
+  const Window frame = Make("frame"), edit = Make("edit", frame, "EDIT");
+  other.Record({wm::kKeyDown, wm::kChar, wm::kKeyUp});
+  windows.SetFocus(edit);
+  windows.TypeKey('A');
+  windows.TypeKey(0x26);
+  EXPECT_EQ(other.TakeLog(), Log{});
+  home->RunFor(20);
+  EXPECT_EQ(other.TakeLog(), (Log{"edit:keydown(65)", "edit:char(97)", "edit:keyup(65)",
+                                  "edit:keydown(38)", "edit:keyup(38)"}));
+}
+
+TEST_F(Messages, PostedOnesComeInOrderAfterSentOnes) {
+  const Window a = Make("a"), b = Make("b");
+  other.Record({wm::kUser, wm::kUser + 1});
+  EXPECT_TRUE(windows.Post(a, wm::kUser, 1, 0));
+  EXPECT_TRUE(windows.Post(b, wm::kUser, 2, 0));
+  EXPECT_TRUE(windows.Post(a, wm::kUser, 3, 0));
+  windows.Send(a, wm::kUser + 1, 4, 0);
+  home->RunFor(20);
+  EXPECT_EQ(other.TakeLog(), (Log{"a:1025(4)", "a:1024(1)", "b:1024(2)", "a:1024(3)"}));
+}
+
+TEST_F(Messages, PostedToAWindowThatDiesAreDropped) {
+  const Window a = Make("a"), b = Make("b");
+  other.Record({wm::kUser});
+  windows.Post(a, wm::kUser, 1, 0);
+  windows.Post(b, wm::kUser, 2, 0);
+  other.Destroy(a);
+  home->RunFor(20);
+  EXPECT_EQ(other.TakeLog(), (Log{"b:1024(2)"}));
+}
+
+TEST_F(Messages, ShowingAndPlacingTellOnlyOfChanges) {
+  const Window frame = Make("frame");
+  other.Record({wm::kShowWindow, wm::kMove, wm::kSize});
+  windows.Show(frame, show::kHide);
+  windows.Show(frame, show::kHide);
+  windows.Show(frame, show::kNormal);
+  EXPECT_EQ(other.TakeLog(), (Log{"frame:show(0)", "frame:show(1)"}));
+  windows.Place(frame, {1, 0, 0, 0});
+  windows.Place(frame, {1, 0, 5, 5});
+  windows.Place(frame, {1, 0, 5, 5});
+  EXPECT_EQ(other.TakeLog(), (Log{"frame:move", "frame:size"}));
+}
+
+// A window of our own that counts its timers' ticks.
+class Ticker : public WindowProcedure {
+ public:
+  explicit Ticker(OwnWindows& own) : own_(own) {}
+  MessageResult OnMessage(Window window, const Message& message) override {
+    if (message.id == wm::kTimer) ticks.push_back(message.wParam);
+    return own_.Default(window, message);
+  }
+  std::vector<WParam> ticks;
+
+ private:
+  OwnWindows& own_;
+};
+
+TEST_F(Messages, OfTimersComeUntilStoppedOrDead) {
+  Ticker ticker(home->platform().ownWindows);
+  EventLoop& events = home->platform().events;
+  home->Run([&] {
+    const Window window = home->platform().ownWindows.Create(
+        {.className = "Ticker", .caption = {}, .visible = false, .systemClass = {}}, ticker);
+    events.StartTimer(window, 7, 300);
+    home->RunFor(1000);
+    EXPECT_EQ(ticker.ticks, (std::vector<WParam>{7, 7, 7}));
+    events.StartTimer(window, 7, 600);
+    home->RunFor(1000);
+    EXPECT_EQ(ticker.ticks.size(), 4u) << "started anew, with another interval";
+    events.StopTimer(window, 7);
+    events.StopTimer(window, 8);
+    home->RunFor(1000);
+    EXPECT_EQ(ticker.ticks.size(), 4u);
+    events.StartTimer(window, 9, 100);
+    home->platform().ownWindows.Destroy(window);
+    home->RunFor(1000);
+    EXPECT_EQ(ticker.ticks.size(), 4u);
+    events.StartTimer(window, 9, 100);
+  });
+}
+
+TEST_F(Messages, MemoryOfTheOtherProcessIsReadWholeOrNotAtAll) {
+  Processes& processes = home->platform().processes;
+  const std::uint32_t name = other.Allocate(std::string("HostName\0", 9));
+  const auto memory = processes.Open(other.Id());
+  ASSERT_TRUE(memory);
+  EXPECT_EQ(memory->Read(name, 9), std::string("HostName\0", 9));
+  EXPECT_EQ(memory->Read(name, 0x10000000), std::nullopt);
+  EXPECT_EQ(memory->Read(0, 4), std::nullopt);
+  EXPECT_EQ(processes.Open(0xFFFF0), nullptr);
+  EXPECT_NE(processes.ModulePath(other.Id(), "OTHER.EXE"), "");
+  EXPECT_EQ(processes.ModulePath(other.Id(), "nothing.exe"), "");
+}
+
+}  // namespace
+}  // namespace corvel::test

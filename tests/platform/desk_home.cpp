@@ -1,0 +1,81 @@
+// The desk as a home of the conformance suite.
+#include "tests/platform/desk_home.h"
+
+namespace corvel::test {
+
+std::unique_ptr<Home> MakeHome() { return std::make_unique<DeskHome>(); }
+
+DeskHome::DeskHome() {
+  for (const char* path : {kProgram, kOther})
+    desk.Install(path, [](desk::Desk&) { return std::make_unique<IdleBody>(); });
+  program = desk.Spawn(kProgram, "");
+  otherId = desk.Spawn(kOther, "");
+  desk.RunDue();
+  other_ = std::make_unique<DeskOther>(desk, otherId);
+}
+
+Window DeskOther::Make(const std::string& name, const NewWindow& window) {
+  Window made{};
+  making_ = name;
+  desk_.RunAs(id_, [&] { made = desk_.platform().ownWindows.Create(window, *this); });
+  names_[made] = name;
+  return made;
+}
+
+void DeskOther::Destroy(Window window) {
+  desk_.RunAs(id_, [&] { desk_.platform().ownWindows.Destroy(window); });
+}
+
+Window DeskOther::ShowDialog(Window owner, const std::string& caption, const std::string& text) {
+  Window dialog{};
+  desk_.RunAs(id_, [&] { dialog = desk_.platform().ownWindows.ShowDialog(owner, caption, text); });
+  return dialog;
+}
+
+void DeskOther::MakeMenu(Window window, const std::vector<std::string>& rows) {
+  desk_.RunAs(id_, [&] {
+    Menus& menus = desk_.platform().menus;
+    const MenuHandle bar = desk_.platform().ownWindows.CreateMenuBar();
+    std::map<std::string, MenuHandle> popups;
+    for (const std::string& row : rows) {
+      const std::size_t slash = row.find('/');
+      MenuHandle menu = bar;
+      if (slash != std::string::npos) {
+        MenuHandle& popup = popups[row.substr(0, slash)];
+        if (!popup) {
+          popup = menus.CreatePopup();
+          menus.Insert(bar, -1, menu_flag::kByPosition | menu_flag::kPopup, 0, popup,
+                       row.substr(0, slash));
+        }
+        menu = popup;
+      }
+      const std::string rest = slash == std::string::npos ? row : row.substr(slash + 1);
+      const std::size_t equals = rest.find('=');
+      if (rest == "-")
+        menus.Insert(menu, -1, menu_flag::kByPosition | menu_flag::kSeparator, 0, {}, "");
+      else
+        menus.Insert(menu, -1, menu_flag::kByPosition,
+                     static_cast<std::uint32_t>(std::stoul(rest.substr(equals + 1))), {},
+                     rest.substr(0, equals));
+    }
+    desk_.platform().ownWindows.SetMenuBar(window, bar);
+  });
+}
+
+std::vector<std::string> DeskOther::TakeLog() {
+  std::vector<std::string> taken;
+  taken.swap(log_);
+  return taken;
+}
+
+MessageResult DeskOther::OnMessage(Window window, const Message& message) {
+  const auto name = names_.find(window);
+  if (recorded_.count(message.id))
+    log_.push_back(LogLine(name == names_.end() ? making_ : name->second, message));
+  if (onMessage) onMessage(window, message);
+  if (const auto answer = answers_.find(message.id); answer != answers_.end())
+    return answer->second;
+  return desk_.platform().ownWindows.Default(window, message);
+}
+
+}  // namespace corvel::test
