@@ -3,6 +3,9 @@
 
 #include "core/program.h"
 
+#include <algorithm>
+#include <cstdint>
+
 namespace corvel {
 
 inline constexpr double kNoLimit = 0;
@@ -20,10 +23,12 @@ auto Poll(Program& program, const char* name, double limit, Look look) -> declty
     if (program.g.hAOL && !platform.windows.Exists(program.g.hAOL)) return {};
     Wait wait{name, WaitFor::kClient, {}};
     if (limit != kNoLimit) {
-      const double passed = SecondsOfDay(platform.clock.Now()) - start;
+      constexpr double kDay = 86400;
+      const double now = SecondsOfDay(platform.clock.Now());
+      const double passed = now - start;
       if (passed < 0 || passed >= limit) return {};
-      wait.until =
-          platform.clock.TickCount() + static_cast<std::uint32_t>((limit - passed) * 1000) + 1;
+      const double left = std::min(limit - passed, kDay - now);
+      wait.until = platform.clock.TickCount() + static_cast<std::uint32_t>(left * 1000) + 1;
     }
     platform.events.Pump(wait);
   }

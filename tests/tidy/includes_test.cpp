@@ -1,10 +1,11 @@
 // Holds the architecture: includes run downward only, the system's headers stay behind the seam,
 // and no folder switches on the platform.
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <map>
-#include <regex>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -43,9 +44,13 @@ std::vector<std::string> LinesOf(const fs::path& path) {
   return lines;
 }
 
-std::string FolderOfInclude(const std::string& include) {
-  const auto slash = include.rfind('/');
-  return slash == std::string::npos ? "" : include.substr(0, slash);
+// The folder of the file that a line includes in quotes; nothing for any other line.
+std::optional<std::string> IncludedFolder(const std::string& line) {
+  constexpr std::string_view kDirective = "#include \"";
+  if (!line.starts_with(kDirective)) return std::nullopt;
+  const std::string path = line.substr(kDirective.size(), line.rfind('"') - kDirective.size());
+  const auto slash = path.rfind('/');
+  return slash == std::string::npos ? "" : path.substr(0, slash);
 }
 
 bool Allowed(const std::string& folder, const std::string& target) {
@@ -56,15 +61,12 @@ bool Allowed(const std::string& folder, const std::string& target) {
 }
 
 TEST(Tidy, IncludesRunDownward) {
-  const std::regex include("^\\s*#\\s*include\\s+\"([^\"]+)\"");
   for (const auto& [folder, may] : kMayInclude) {
     ASSERT_FALSE(SourcesIn(folder).empty()) << folder;
     for (const auto& source : SourcesIn(folder)) {
       for (const auto& line : LinesOf(source)) {
-        std::smatch match;
-        if (!std::regex_search(line, match, include)) continue;
-        EXPECT_TRUE(Allowed(folder, FolderOfInclude(match[1])))
-            << source << " must not include " << match[1];
+        const auto target = IncludedFolder(line);
+        EXPECT_TRUE(!target || Allowed(folder, *target)) << source << ": " << line;
       }
     }
   }
@@ -72,20 +74,22 @@ TEST(Tidy, IncludesRunDownward) {
 
 TEST(Tidy, EveryFolderOfTheSourceIsInTheTable) {
   for (const auto& entry : fs::recursive_directory_iterator(kRoot / "src"))
-    if (entry.is_directory())
-      EXPECT_TRUE(kMayInclude.contains(fs::relative(entry.path(), kRoot).string())) << entry.path();
+    EXPECT_TRUE(!entry.is_directory() ||
+                kMayInclude.contains(fs::relative(entry.path(), kRoot).string()))
+        << entry.path();
 }
 
 // Above the seam nothing may know which home it runs in, or use what old systems lack.
 TEST(Tidy, NothingAboveTheSeamReachesPastIt) {
-  const std::regex forbidden(
-      "#\\s*if|<windows\\.h>|<filesystem>|<fstream>|<iostream>|<thread>|<mutex>|<chrono>|random_"
-      "device");
+  const std::vector<std::string> forbidden = {"#if",       "<windows.h>", "<filesystem>",
+                                              "<fstream>", "<iostream>",  "<thread>",
+                                              "<mutex>",   "<chrono>",    "random_device"};
   for (const auto& [folder, may] : kMayInclude) {
     if (folder == "practice") continue;
     for (const auto& source : SourcesIn(folder))
       for (const auto& line : LinesOf(source))
-        EXPECT_FALSE(std::regex_search(line, forbidden)) << source << ": " << line;
+        for (const auto& word : forbidden)
+          EXPECT_EQ(line.find(word), std::string::npos) << source << ": " << line;
   }
 }
 
