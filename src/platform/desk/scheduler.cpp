@@ -5,6 +5,7 @@
 #include <limits>
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 namespace corvel::desk {
 namespace {
@@ -162,9 +163,11 @@ bool Scheduler::RunTimers(std::int64_t now) {
 }
 
 bool Scheduler::RunPass() {
+  const std::int64_t now = clock_.NowMs();
+  // A message to a process that hangs moves the clock too.
+  if (std::exchange(instant_, now) != now) passesAtThisInstant_ = 0;
   if (++passesAtThisInstant_ > kPassesWithoutTime)
     throw std::logic_error("the desk runs in circles: time does not move on");
-  const std::int64_t now = clock_.NowMs();
   QueueDueTasks();
   const bool queued = RunQueued();
   return RunTimers(now) || queued;
@@ -188,7 +191,6 @@ void Scheduler::MoveClock(std::int64_t limit) {
   next = std::min(next, limit);
   if (next <= now) return;
   clock_.MoveTo(next);
-  passesAtThisInstant_ = 0;
 }
 
 void Scheduler::CheckProgress(const Wait& wait) const {
@@ -230,8 +232,10 @@ void Scheduler::RunFor(std::int64_t ms) {
 
 void Scheduler::RunDue() {
   const Restore restore(roundLimit_);
-  if (roundLimit_ < 0) roundLimit_ = clock_.NowMs();
-  while (RunPass() || LetAgentAct()) {
+  const std::int64_t now = clock_.NowMs();
+  if (roundLimit_ < 0) roundLimit_ = now;
+  // A wait inside may have moved the clock to where a timer is due again, and so on for ever.
+  while (clock_.NowMs() == now && (RunPass() || LetAgentAct())) {
   }
 }
 

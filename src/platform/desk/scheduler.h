@@ -97,6 +97,7 @@ class Scheduler : public EventLoop {
   std::unordered_set<TaskId> pending_;
   std::vector<Desk::PumpInProgress> pumps_;
   std::int64_t roundLimit_ = -1;  // of the outermost round; -1 outside
+  std::int64_t instant_ = -1;
   int passesAtThisInstant_ = 0;
 };
 

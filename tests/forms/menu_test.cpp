@@ -1,0 +1,121 @@
+#include "platform/menus.h"
+#include "tests/forms/forms_fixture.h"
+
+namespace corvel::forms {
+namespace {
+
+// A user at the open pop-up menu: writes down what it shows and chooses the row of that caption.
+class MenuUser : public desk::Agent {
+ public:
+  explicit MenuUser(desk::Desk& desk) : desk_(desk) {}
+
+  bool Act() override {
+    if (desk_.Prompts().empty() || desk_.Prompts().back()->answered) return false;
+    desk::Prompt& prompt = *desk_.Prompts().back();
+    prompt.row = 0;
+    shown = Look(prompt.menu, prompt.row);
+    if (meanwhile) meanwhile();
+    prompt.answered = true;
+    return true;
+  }
+  std::optional<std::int64_t> NextActAt() override { return std::nullopt; }
+
+  std::string choice, shown;
+  std::function<void()> meanwhile;
+
+ private:
+  std::string Look(MenuHandle menu, std::uint32_t& chosen) {
+    Menus& menus = desk_.platform().menus;
+    std::string out;
+    for (int row = 0; row < menus.Count(menu); ++row) {
+      const std::uint32_t state = menus.StateAt(menu, row);
+      const std::string text = menus.TextAt(menu, row);
+      if (text == choice) chosen = menus.IdAt(menu, row);
+      if (state & menu_flag::kSeparator) {
+        out += "- ";
+        continue;
+      }
+      out += text + (state & menu_flag::kGrayed ? "(grey)" : "") +
+             (state & menu_flag::kChecked ? "(check)" : "");
+      if (const MenuHandle sub = menus.SubMenu(menu, row)) out += "{ " + Look(sub, chosen) + "}";
+      out += " ";
+    }
+    return out;
+  }
+
+  desk::Desk& desk_;
+};
+
+class MenuTest : public FormsTest {
+ protected:
+  MenuTest() : form_(Load()), user_(desk_) { desk_.SetAgent(&user_); }
+  ~MenuTest() override { desk_.SetAgent(nullptr); }
+
+  std::string Choose(Menu& menu, std::string caption) {
+    user_.choice = std::move(caption);
+    done_.clear();
+    As([&] { form_->PopupMenu(menu); });
+    return done_;
+  }
+
+  MenuRow Named(std::string caption) {
+    MenuRow row;
+    row.caption = caption;
+    row.onClick = [this, caption] { done_ += caption; };
+    return row;
+  }
+
+  std::shared_ptr<TestForm> form_;
+  MenuUser user_;
+  std::string done_;
+};
+
+MenuRow Separator() {
+  MenuRow row;
+  row.caption = "-";
+  return row;
+}
+
+TEST_F(MenuTest, ShowsWhatIsVisibleWithSeparatorsOnlyBetweenRows) {
+  Menu menu("mnuTest", "Test",
+            {Separator(), Named("a"), Separator(), Named("b"), Separator(), Separator(), Named("c"),
+             Separator()});
+  EXPECT_EQ(Choose(menu, "c"), "c");
+  EXPECT_EQ(user_.shown, "a - b - c ");
+  menu(3).visible = false;
+  Choose(menu, "");
+  EXPECT_EQ(user_.shown, "a - c ");
+  menu(1).visible = false;
+  menu(6).enabled = false;
+  menu(6).checked = true;
+  EXPECT_EQ(Choose(menu, "c"), "");
+  EXPECT_EQ(user_.shown, "c(grey)(check) ");
+  EXPECT_THROW(menu(8), std::out_of_range);
+}
+
+TEST_F(MenuTest, RunsTheRowsOfSubMenusAndFreesThem) {
+  MenuRow deep = Named("deep"), hidden = Named("hidden"), greyed = Named("greyed");
+  deep.rows = {Named("x"), Named("y")};
+  hidden.rows = {Named("x")};
+  hidden.visible = false;
+  greyed.rows = {Named("z")};
+  greyed.enabled = false;
+  Menu menu("mnuTest", "Test", {Named("first"), hidden, deep, greyed, Named("last")});
+  for (const char* caption : {"first", "x", "y", "last"}) EXPECT_EQ(Choose(menu, caption), caption);
+  EXPECT_EQ(user_.shown, "first deep{ x y } greyed(grey){ z } last ");
+  EXPECT_EQ(Choose(menu, "nothing"), "");
+}
+
+TEST_F(MenuTest, AMenuMayChangeAndItsFormGoWhileItIsOpen) {
+  Menu menu("mnuTest", "Test", {Named("&Turn IMs Off"), Named("b")});
+  user_.meanwhile = [&] {
+    menu.FindRow("turn ims off")->caption = "Turn IMs On";
+    menu.Rows().clear();
+    form_->Unload();
+  };
+  EXPECT_EQ(Choose(menu, "b"), "b");
+  EXPECT_EQ(menu.FindRow("b"), nullptr);
+}
+
+}  // namespace
+}  // namespace corvel::forms
