@@ -67,6 +67,8 @@ void TimedOut(Program& program) {
 
 void AolClient::ReadSignOnNames() {
   Globals& g = program_.g;
+  // Of a client that nobody knows there is no title to look for.
+  if (g.strings.AOLSignOnTitle.empty()) return;
   for (int failures = 0; !g.Unloading;) {
     if (!program_.platform.windows.Exists(g.hAOL)) {
       UnloadAllForms(program_, false);

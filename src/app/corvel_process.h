@@ -1,0 +1,29 @@
+// CorvelProcess: the whole program as one process of whatever home it runs on.
+#pragma once
+
+#include "aolbridge/aolclient.h"
+#include "core/program.h"
+#include "fader/modFade.h"
+#include "wavlib/wavlib.h"
+
+namespace corvel {
+
+class CorvelProcess {
+ public:
+  explicit CorvelProcess(Platform& platform);  // which outlives it
+
+  // Runs Main. Afterwards the program lives on events, or has refused to start: then Finished.
+  void Start();
+  // The program has ended by itself: it has refused to start, or its last window has gone and none
+  // of its procedures is running any more. Asked after each event.
+  bool Finished() const;
+
+ private:
+  Program program_;
+  AolClient client_;
+  Fader fader_;
+  WavLibrary wavLibrary_;
+  bool running_ = false;
+};
+
+}  // namespace corvel

@@ -1,0 +1,58 @@
+// The program's own dialogs and its calls to the common ones. Every one of them waits with events
+// going on: timers and hooks run meanwhile, and may show a further dialog over it.
+#pragma once
+
+#include "core/program.h"
+
+#include <string>
+#include <string_view>
+
+namespace corvel {
+
+// Style numbers: button set + icon + default button.
+namespace style {
+inline constexpr int kOk = 0, kOkCancel = 1, kAbortRetryIgnore = 2, kYesNoCancel = 3, kYesNo = 4,
+                     kRetryCancel = 5;
+inline constexpr int kStop = 16, kQuestion = 32, kExclamation = 48, kInformation = 64;
+inline constexpr int kSecondDefault = 256, kThirdDefault = 512;
+}  // namespace style
+
+namespace answer {
+inline constexpr int kOk = 1, kCancel = 2, kAbort = 3, kRetry = 4, kIgnore = 5, kYes = 6, kNo = 7;
+}  // namespace answer
+
+// The marked-up text in frmMsg. With `doNotShow` the box chkNoShow is there and its state comes
+// back.
+int MsgBoxEx(Program& program, std::string_view text, int style = style::kOk + style::kInformation,
+             bool* doNotShow = nullptr);
+inline bool AskYesNo(Program& program, std::string_view text) {
+  return MsgBoxEx(program, text, style::kYesNo + style::kQuestion) == answer::kYes;
+}
+
+// "" on Cancel.
+std::string InputBoxEx(Program& program, std::string_view text, std::string_view preset = {});
+
+// The system's plain box with the program's title.
+int PlainBox(Program& program, std::string_view text, int style);
+
+// Mode 1: the whole path; mode 2: its folder with the last backslash. "" on Cancel.
+std::string OpenDialog(Program& program, Window owner, std::string_view description,
+                       std::string_view pattern, int mode);
+// The folder part of the answer with its last backslash: the dialog serves to choose a folder.
+std::string SaveDialog(Program& program, Window owner, std::string_view description,
+                       std::string_view pattern);
+Color PickColor(Program& program, Window owner, Color start);
+
+// The folder chooser frmCMDialog.
+struct FolderQuestion {
+  std::string title;     // of the window
+  std::string pattern;   // what File1 shows
+  std::string mustHold;  // a file that the folder has to hold; "" for none
+  std::string hint;      // Dir1's tool tip
+  std::string start = "c:\\";
+};
+std::string ChooseFolder(Program& program, const FolderQuestion& question);  // "" on Cancel
+FolderQuestion ClientFolderQuestion();
+FolderQuestion WavFolderQuestion();
+
+}  // namespace corvel

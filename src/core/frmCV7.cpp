@@ -1,0 +1,256 @@
+#include "core/frmCV7.h"
+
+#include "base/text.h"
+#include "core/dialogs.h"
+#include "core/find_client.h"
+#include "core/helpers.h"
+#include "core/looks.h"
+#include "core/main.h"
+#include "core/report_error.h"
+#include "core/toolbar_menus.h"
+
+namespace corvel {
+
+namespace {
+
+// Private messages of the client's text views: a line has come, the text has been replaced.
+constexpr MessageId kViewLine = 0x2803, kViewText = 0x2C00;
+// The client's own exit command.
+constexpr std::uint32_t kClientExit = 8207;
+// The command ids that the program's rows in the client's Window menu have.
+constexpr std::uint32_t kLastWindowListId = 50;
+constexpr int kWindowMenu = 2, kFirstListPosition = 10, kListSeparator = 9;
+
+constexpr std::uint32_t CommandId(WParam wParam) {
+  return static_cast<std::uint32_t>(wParam & 0xFFFF);
+}
+
+// Hooks hand what they catch to whoever owns it; a RunTimeError goes no further than this, since
+// the client waits for the answer.
+void HandTo(const std::function<void(HookedMessage&)>& slot, HookedMessage& message) {
+  if (slot) GoOn([&] { slot(message); });
+}
+
+}  // namespace
+
+frmCV7::frmCV7(Program& p)
+    : ProgramForm(p, "frmCV7", kTitle),
+      cmdMenu(*this, "cmdMenu", "&Menu"),
+      cmdWavs(*this, "cmdWavs", "&Wavs"),
+      cmdHugs(*this, "cmdHugs", "&Hug"),
+      cmdIMs(*this, "cmdIMs", "&IMs"),
+      cmdPeople(*this, "cmdPeople", "&People"),
+      sbcMenu(*this, "sbcMenu", {wm::kClose, wm::kCommand, wm::kInitMenuPopup}),
+      sbcCmdLine(*this, "sbcCmdLine", {wm::kChar}),
+      sbcSendIcon(*this, "sbcSendIcon", {wm::kLButtonDown, wm::kLButtonUp}),
+      sbcChatWin(*this, "sbcChatWin", {wm::kSetText, kViewLine, kViewText}),
+      SubClass3(*this, "SubClass3", {wm::kRButtonUp}),
+      sbcMDI(*this, "sbcMDI", {wm::kDestroy, kViewLine, kViewText}),
+      sbcRealMDI(*this, "sbcRealMDI", {wm::kMdiCreate}),
+      chat(*this, "Chat"),
+      Timer1(*this, "Timer1", 300, false),
+      Timer2(*this, "Timer2", 10, true),
+      tmrAnswerer(*this, "tmrAnswerer", 1000, true),
+      tmrIMWav(*this, "tmrIMWav", 1000, true),
+      mnuMenu(MakeMainMenu(p)),
+      mnuWavs(MakeWavsMenu(p)),
+      mnuIMs(MakeIMsMenu(p)),
+      mnuHotWords(MakePeopleMenu(p)),
+      mnuEditor(MakeEditorMenu(p)) {
+  WireButtons();
+  WireHooks();
+  WireTimers();
+}
+
+void frmCV7::WireButtons() {
+  struct PopupButton {
+    forms::FlatButton& button;
+    forms::Menu& menu;
+    const char* tip;
+  };
+  for (const PopupButton& one :
+       {PopupButton{cmdMenu, mnuMenu, "The program's own commands"},
+        PopupButton{cmdWavs, mnuWavs, "Wavs and fades"}, PopupButton{cmdIMs, mnuIMs, "IMs"},
+        PopupButton{cmdPeople, mnuHotWords, "Finding people and rooms"}}) {
+    one.button.SetPopupArrow(true);
+    one.button.SetToolTip(one.tip);
+    one.button.onClick = [this, &menu = one.menu] { PopupMenu(menu); };
+  }
+  const bool hugs = IsBuilt(program, Command::kSendHug);
+  cmdHugs.SetToolTip(std::string(hugs ? "Sends the current hug." : kNotBuiltTip) +
+                     " Right-click for the editors.");
+  if (hugs) cmdHugs.onClick = [this] { RunCommand(program, Command::kSendHug); };
+  // The editors have no button of their own, so this one stays enabled for them.
+  cmdHugs.onRightClick = [this] { PopupMenu(mnuEditor); };
+}
+
+void frmCV7::WireHooks() {
+  const Hub& hub = program.hub;
+  sbcMenu.onWndMessageX = [this](HookedMessage& m) { sbcMenu_WndMessageX(m); };
+  sbcMenu.onWndMessage = [this](LParam value) { sbcMenu_WndMessage(value); };
+  sbcCmdLine.onWndMessageX = [&hub](HookedMessage& m) { HandTo(hub.ChatInputMessage, m); };
+  sbcSendIcon.onWndMessageX = [&hub](HookedMessage& m) { HandTo(hub.SendIconMessage, m); };
+  sbcChatWin.onWndMessageX = [&hub](HookedMessage& m) { HandTo(hub.ChatViewMessage, m); };
+  SubClass3.onWndMessageX = [&hub](HookedMessage& m) { HandTo(hub.PeopleListMessage, m); };
+  sbcMDI.onWndMessageX = [&hub](HookedMessage& m) { HandTo(hub.IMViewMessage, m); };
+  sbcRealMDI.onWndMessageX = [&hub](HookedMessage& m) { HandTo(hub.MdiCreateMessage, m); };
+  chat.onChatMsg = [&hub](std::string_view sender, std::string_view text) {
+    if (hub.ChatLine) GoOn([&] { hub.ChatLine(sender, text); });
+  };
+}
+
+void frmCV7::WireTimers() {
+  const Hub& hub = program.hub;
+  Timer1.onTimer = [this] { Timer1_Timer(); };
+  Timer2.onTimer = [this] { Timer2_Timer(); };
+  tmrAnswerer.onTimer = [&hub] {
+    if (hub.AnswererTick) GoOn(hub.AnswererTick);
+  };
+  tmrIMWav.onTimer = [&hub] {
+    if (hub.IMWavTick) GoOn(hub.IMWavTick);
+  };
+}
+
+// --- Load and unload ----------------------------------------------------------------------------
+
+void frmCV7::Form_Load() {
+  if (program.g.Unloading) {
+    Unload();
+    return;
+  }
+  SetFormColor(program, *this);
+  ColorButtons();
+  sbcMenu.SetHWnd(program.g.hAOL);
+  Timer1.SetEnabled(true);
+  ResizeButtons();
+  RestoreToolbarPlace();
+  if (program.settings.Clock.Show && program.hub.ShowClock) program.hub.ShowClock();
+  SetOwner(program.g.hAOL);
+  SetRowsByVersion();
+  // The tray and the client's menu come with the shell. Until then those who chose them get the
+  // toolbar, and their choice stays as they made it.
+  Show(false);
+}
+
+void frmCV7::RestoreToolbarPlace() {
+  RestorePlace(program, *this, "Toolbar");
+  if (Trim(program.store.ReadKey("Toolbar", "Top")).empty())
+    SetTop(0);  // clear of the client's windows
+}
+
+void frmCV7::SetRowsByVersion() {
+  const Globals& g = program.g;
+  mnuWavs(row::kFadeSeparator).visible = mnuWavs(row::kFadeDesigner).visible = g.IsVersion4Or5();
+  if (g.AOLVer == "5" && g.AOLLocale == 0)
+    mnuMenu(row::kHideWelcome).caption = "Hide AOL Main Window";
+}
+
+void frmCV7::ShowSiblingRows() {
+  mnuMenu(row::kPalroster).visible = program.settings.General.ShowPRMenu;
+  mnuMenu(row::kBackdrape).visible = program.settings.General.ShowBDMenu;
+}
+
+bool frmCV7::Form_QueryUnload(bool byUser) {
+  if (byUser) {  // the toolbar's close box is the way out of the program
+    UnloadAllForms(program, true);
+    if (!program.g.Unloading) return false;
+  }
+  SavePlace(program, *this, "Toolbar");
+  return true;
+}
+
+void frmCV7::Form_Unload() {
+  Pause(program, 0.5);
+  UnhookSeven();
+  Pause(program, 0.5);
+  if (program.g.IsVersion4Or5()) RemoveWindowListRows();
+}
+
+void frmCV7::UnhookSeven() {
+  for (forms::SubClass* const hook :
+       {&sbcChatWin, &sbcCmdLine, &sbcMDI, &sbcMenu, &sbcRealMDI, &sbcSendIcon, &SubClass3})
+    hook->SetHWnd({});
+}
+
+void frmCV7::UnhookSubclasses() {
+  UnhookSeven();
+  if (program.settings.IM.TabsOn && program.hub.UnhookIMs) program.hub.UnhookIMs();
+}
+
+// The rows that the program has put at the end of the client's Window menu, and the separator in
+// front of them. They are known by their ids, so that rows of the client's own never go with them.
+void frmCV7::RemoveWindowListRows() {
+  Menus& menus = platform().menus;
+  const MenuHandle menu = menus.SubMenu(menus.MenuOf(program.g.hAOL), kWindowMenu);
+  bool removed = false;
+  for (int at = menus.Count(menu) - 1; at >= kFirstListPosition; --at) {
+    const std::uint32_t id = menus.IdAt(menu, at);
+    if (id == 0 || id > kLastWindowListId) continue;
+    removed |= menus.Delete(menu, at, menu_flag::kByPosition);
+  }
+  if (removed) menus.Delete(menu, kListSeparator, menu_flag::kByPosition);
+}
+
+void frmCV7::DisableTimers() {
+  for (forms::Timer* const timer : {&Timer1, &Timer2, &tmrAnswerer, &tmrIMWav})
+    timer->SetEnabled(false);
+}
+
+// --- The toolbar --------------------------------------------------------------------------------
+
+void frmCV7::ShowToolbar() {
+  if (program.g.AccessMode != 0) {  // the default isn't written back
+    program.g.AccessMode = 0;
+    program.store.WriteKey("Toolbar", "MenuAccess", "Toolbar");
+  }
+  Show();
+  ColorButtons();
+}
+
+void frmCV7::ColorButtons() {
+  for (forms::FlatButton* const button : {&cmdMenu, &cmdWavs, &cmdHugs, &cmdIMs, &cmdPeople})
+    SetButtonColor(program, false, *button);
+}
+
+void frmCV7::ResizeButtons() {
+  using forms::Cell;
+  std::vector<forms::Box> buttons{Cell(cmdMenu), Cell(cmdWavs), Cell(cmdHugs), Cell(cmdIMs),
+                                  Cell(cmdPeople)};
+  Arrange(program.settings.Toolbar.Vertical ? forms::Column(std::move(buttons))
+                                            : forms::Row(std::move(buttons)));
+}
+
+// --- The client's own closing -------------------------------------------------------------------
+
+// The client must not close by itself while its windows are hooked and some of them sit in ours:
+// what would close it is held back, and comes again behind our own way down.
+void frmCV7::sbcMenu_WndMessageX(HookedMessage& message) {
+  const bool exits = message.id == wm::kCommand && CommandId(message.wParam) == kClientExit;
+  const bool closes = message.id == wm::kClose && !program.g.AOLClosing;
+  if (!exits && !closes) {
+    HandTo(program.hub.MenuMessage, message);
+    return;
+  }
+  if (exits) program.g.AOLClosing = true;
+  message.consume = true;
+  message.result = 0;
+  sbcMenu.Raise(static_cast<LParam>(message.id));
+}
+
+void frmCV7::sbcMenu_WndMessage(LParam value) {
+  if (value != static_cast<LParam>(wm::kClose) && value != static_cast<LParam>(wm::kCommand))
+    return;
+  UnhookSubclasses();
+  if (!closing_) {
+    closing_ = true;
+    program.g.AOLClosing = true;
+    UnloadAllForms(program, false);
+  }
+  if (const Window client = FindClientFrame(program)) {
+    Pause(program, 1);
+    platform().windows.Post(client, wm::kClose, 0, 0);
+  }
+  Unload();
+}
+
+}  // namespace corvel

@@ -1,0 +1,57 @@
+#include "core/frmInpBox.h"
+
+#include <utility>
+
+namespace corvel {
+
+namespace {
+
+constexpr int kTextColumns = 52;
+constexpr std::uint32_t kFocusDelayMs = 50;
+
+}  // namespace
+
+frmInpBox::frmInpBox(Program& p, std::string_view text, std::string_view preset)
+    : ProgramForm(p, "frmInpBox", std::string(kTitle) + " - " + p.g.ProgramVersion),
+      Image1(*this, "Image1"),
+      Picture1(*this, "Picture1"),
+      Frame1(*this, "Frame1"),
+      txtInput(*this, "txtInput"),
+      Command1{{{*this, "Command1", "OK", 0}, {*this, "Command1", "Cancel", 1}}},
+      Timer1(*this, "Timer1", kFocusDelayMs, true),
+      text_(text) {
+  Image1.SetPicture(Picture::kQuestion);
+  txtInput.SetText(preset);
+  Command1[0].SetDefault(true);
+  Command1[1].SetCancel(true);
+  Command1[0].onClick = [this] { Finish(txtInput.Text()); };
+  Command1[1].onClick = [this] { Finish({}); };
+  // The focus can only go to the box once the window stands.
+  Timer1.onTimer = [this] {
+    Timer1.SetEnabled(false);
+    txtInput.TakeFocus();
+  };
+}
+
+void frmInpBox::Form_Load() {
+  using forms::Cell, forms::Column, forms::Framed, forms::Row, forms::Space, forms::Stretch;
+  Picture1.SetMarkedText(platform().display, text_, kTextColumns);
+  txtInput.SetAccessibleName(Picture1.State().accessibleName);
+  Arrange(Column({Row({Cell(Image1), Cell(Picture1)}),
+                  Framed(Frame1, Row({Stretch(Cell(txtInput, kTextColumns))})),
+                  Row({Space(), Cell(Command1[0]), Cell(Command1[1]), Space()})}));
+  Center();
+  SetTopMost();
+}
+
+bool frmInpBox::Form_QueryUnload(bool byUser) {
+  if (byUser) Finish({});
+  return !byUser;  // whoever waits for the answer unloads it
+}
+
+void frmInpBox::Finish(std::string answer) {
+  answer_ = std::move(answer);
+  answered_ = true;
+}
+
+}  // namespace corvel

@@ -1,0 +1,39 @@
+#include "core/frmMain.h"
+
+namespace corvel {
+
+frmMain::frmMain(Program& p)
+    : ProgramForm(p, "frmMain", kTitle),
+      Picture1(*this, "Picture1"),
+      lblTitle(*this, "lblTitle", std::string(kTitle) + "  " + p.g.ProgramVersion),
+      lblFact(*this, "lblFact", "Fact of the Day"),
+      lblTipText(*this, "lblTipText"),
+      lblStatus(*this, "lblStatus"),
+      prgStatus(*this, "prgStatus") {
+  SetBorder(false);
+  SetEtchedEdge(true);
+  SetClosable(false);
+  Picture1.SetPicture(Picture::kGradient);
+  Picture1.SetAccessibleName(kTitle);
+  FontStyle bold;
+  bold.bold = true;
+  lblTitle.SetFont(bold);
+  lblFact.SetFont(bold);
+  lblTipText.SetWordWrap(true);
+  prgStatus.SetAccessibleName("Progress of the start");
+}
+
+void frmMain::Form_Load() {
+  using forms::Cell, forms::Column;
+  if (program.hub.ChooseFact) lblTipText.SetCaption(program.hub.ChooseFact());
+  lblFact.SetVisible(!lblTipText.Caption().empty());
+  lblTipText.SetVisible(!lblTipText.Caption().empty());
+  Arrange(Column({Cell(Picture1, 56, 2), Cell(lblTitle), Cell(lblFact), Cell(lblTipText, 56),
+                  Cell(lblStatus, 56), Cell(prgStatus, 56)}));
+  Center();
+}
+
+// It goes when the start is through, not before.
+bool frmMain::Form_QueryUnload(bool byUser) { return !byUser; }
+
+}  // namespace corvel

@@ -1,0 +1,241 @@
+// The start, in its one order, and the way down.
+#include "core/main.h"
+
+#include "core/dialogs.h"
+#include "core/find_client.h"
+#include "core/frmCV7.h"
+#include "core/frmMain.h"
+#include "core/frmWatch.h"
+#include "core/helpers.h"
+#include "core/report_error.h"
+#include "core/start_checks.h"
+
+namespace corvel {
+
+namespace {
+
+// While it stands the client takes no input: the user can't open or close what is just being read.
+// However the start is left, the client gets it back.
+class ClientDisabled {
+ public:
+  explicit ClientDisabled(Program& program) : program_(program) {
+    program_.platform.windows.Enable(program_.g.hAOL, false);
+  }
+  ~ClientDisabled() { program_.platform.windows.Enable(program_.g.hAOL, true); }
+  ClientDisabled(const ClientDisabled&) = delete;
+  ClientDisabled& operator=(const ClientDisabled&) = delete;
+
+ private:
+  Program& program_;
+};
+
+// The splash as the start sees it.
+class Splash {
+ public:
+  explicit Splash(Program& program)
+      : program_(program), form_(program.forms.LoadNew<frmMain>(program)) {
+    form_->Show();
+  }
+
+  void Report(std::string_view text) { form_->lblStatus.SetCaption(text); }
+  void Progress(int percent) {
+    form_->prgStatus.SetValue(percent);
+    Pause(program_, 0.1);  // the window repaints
+    EndIfClientIsGone();
+  }
+  void Close() {
+    form_->Hide();
+    WaitWhileVisible(program_, *form_, "Main");
+    form_->Unload();
+  }
+  // Nothing watches the client yet, so the start itself must see that it has gone.
+  void EndIfClientIsGone() {
+    const Globals& g = program_.g;
+    if (g.hAOL && !program_.platform.windows.Exists(g.hAOL)) UnloadAllForms(program_, false);
+    if (g.Unloading) EndProgram();
+  }
+
+ private:
+  Program& program_;
+  std::shared_ptr<frmMain> form_;
+};
+
+struct Country {
+  const char* report;
+  const char* suffix;
+};
+constexpr Country kCountries[] = {{".0 US Determined", " US"},
+                                  {".0 UK Determined", " UK"},
+                                  {".0 Canada Determined", " CA"},
+                                  {".0 Australia Determined", " AU"}};
+
+void FindOrStartClient(Program& program, Splash& splash) {
+  for (const int percent : {5, 10, 15}) splash.Progress(percent);
+  splash.Report("Starting America Online");
+  splash.Progress(20);
+  if (!FindClientFrame(program)) {
+    StartAOL(program);
+  } else {
+    splash.Report("America Online Loaded");
+    AOLIsRunning(program);
+  }
+  splash.Progress(25);
+  program.g.hAOL = FindClientFrame(program);
+  if (!program.g.hAOL) EndProgram();  // it has gone again
+  program.g.hMDI =
+      program.platform.windows.FindChild(program.g.hAOL, {}, "MDIClient", std::nullopt);
+}
+
+void DetermineVersion(Program& program, Splash& splash) {
+  Globals& g = program.g;
+  splash.Report("Determining AOL Version");
+  splash.Progress(30);
+  splash.Progress(40);
+  StartStep(program, "Main", program.hub.client.GetAOLVersion);
+  StartStep(program, "Main", program.hub.client.LoadAOLStrings);
+  splash.EndIfClientIsGone();
+  const Country& country = kCountries[static_cast<std::size_t>(g.AOLLocale)];
+  splash.Report("AOL Version " + g.AOLVer + country.report);
+  g.AOLVerText = g.AOLVerFull + country.suffix;
+}
+
+void ReadNames(Program& program, Splash& splash) {
+  splash.Report("Retrieving Screen Names");
+  StartStep(program, "Main", program.hub.client.GetScreenNames);
+  splash.EndIfClientIsGone();
+  StartStep(program, "Main", program.hub.client.MSNCheck);
+  splash.Progress(50);
+  splash.Report("Master Screen Name: " + program.g.SN[0]);
+  splash.Progress(70);
+}
+
+void LoadUserSettings(Program& program, Splash& splash) {
+  splash.Report("Loading User Settings");
+  splash.Progress(80);
+  const SettingsStore& store = program.store;
+  Settings& settings = program.settings;
+  LoadToolbarGroup(store, settings, program.g);
+  LoadWavListGroup(store, settings);
+  LoadEMailGroup(store, settings);
+  LoadWavScanGroup(store, settings);
+  LoadHotWordsGroup(store, settings);
+  LoadIMGroup(store, settings, program.g.AOLVer);
+  StartStep(program, "LoadIMSettings", [&program] {  // today's log folder
+    MakeDirIfMissing(program, program.InFolder("im logs"));
+    MakeDirIfMissing(program,
+                     program.InFolder("im logs\\" + DateMmDdYy(program.platform.clock.Now())));
+  });
+}
+
+void Call(const std::function<void()>& slot) {
+  if (slot) slot();
+}
+
+// The second half of the start. The central window watches the client from its load on, so the way
+// down can begin inside any of these.
+void LoadCorvel(Program& program) {
+  Globals& g = program.g;
+  const Settings& settings = program.settings;
+  const Hub& hub = program.hub;
+  const auto step = [&program](bool wanted, const std::function<void()>& body) {
+    if (wanted && !program.g.Unloading) StartStep(program, "LoadCorvel", body);
+  };
+  step(true, [&program] {
+    program.forms.Load<frmCV7>(program);
+    program.forms.Load<frmWatch>(program);
+  });
+  step(true, [&program] {
+    LoadSiblingKeys(program.store, program.settings);
+    if (frmCV7* const toolbar = program.forms.Loaded<frmCV7>()) toolbar->ShowSiblingRows();
+  });
+  g.WinDir = GetWinDir(program);
+  g.SysDir = GetSysDir(program);
+  if (g.IsVersion4Or5()) {
+    LoadFaderGroup(program.store, program.settings);
+    step(settings.IM.TabsOn, [&hub] { Call(hub.InitializeIMManager); });
+  }
+  // Not without the library's help, but no reason to stop: what needs it does without.
+  step(true, [&program] { program.platform.proxy.Attach(program.g.hAOL); });
+  step(true, [&hub] { Call(hub.ScanIncoming); });
+  step(settings.General.PopupFact, [&hub] { Call(hub.ShowFact); });
+  step(settings.General.LaunchPR, [&hub] { Call(hub.StartPalroster); });
+  step(settings.General.LaunchBD, [&hub] { Call(hub.StartBackdrape); });
+  step(true, [&hub] { Call(hub.LogCountCheck); });
+}
+
+void Start(Program& program) {
+  Splash splash(program);
+  FindOrStartClient(program, splash);
+  const ClientDisabled disabled(program);
+  DetermineVersion(program, splash);
+  ReadNames(program, splash);
+  LoadUserSettings(program, splash);
+  splash.Report(std::string("Loading ") + kTitle);
+  splash.Progress(90);
+  splash.Progress(100);
+  splash.Close();
+  LoadCorvel(program);
+}
+
+// --- The way down -------------------------------------------------------------------------------
+
+// Gives the client back what it must have, in an order that others rely on: IMs first, since their
+// windows sit in ours, the proxy last, since it serves all the rest.
+void TearDown(Program& program) {
+  Globals& g = program.g;
+  Platform& platform = program.platform;
+  frmCV7* const toolbar = program.forms.Loaded<frmCV7>();
+  g.Closing = true;
+  platform.windows.Enable(g.hAOL, true);
+  if (program.settings.IM.TabsOn) GoOn([&] { Call(program.hub.GiveBackIMs); });
+  Pause(program, 0.5);
+  if (toolbar) {
+    toolbar->DisableTimers();
+    toolbar->Hide();
+  }
+  Pause(program, 0.5);
+  if (toolbar && g.IsVersion4Or5()) toolbar->chat.Detach();
+  Pause(program, 0.1);
+  platform.sound.Stop();
+  platform.proxy.Detach();
+  const std::string sessionIgnores = program.InFolder("data\\ignoretemp.dat");
+  GoOn([&] {
+    if (FileExists(program, sessionIgnores)) platform.files.Delete(sessionIgnores);
+  });
+  g.Unloading = true;
+}
+
+bool UserWantsToExit(Program& program) {
+  return AskYesNo(program,
+                  "~B~CRAre you sure you wish to exit Corvel 32?~B~CN~N ~NDoing so will restore "
+                  "your AOL workspace background to it's default color.");
+}
+
+}  // namespace
+
+void Main(Program& program) {
+  Globals& g = program.g;
+  g.Unloading = g.Closing = false;
+  g.HelpFile = program.InFolder("corvel32.hlp");
+  g.ProgramVersion = kProgramVersion;
+  CheckWindowsVersion(program);
+  ChooseLook(program);
+  CommandLine(program, program.platform.system.CommandLine());
+  CheckPreviousInstance(program);
+  CheckForShadewright(program);
+  CheckForTellbox(program);
+  IntegrityCheck(program);
+  Start(program);
+}
+
+void UnloadAllForms(Program& program, bool ask) {
+  // The way down waits, and a timer or hook inside those waits may want to begin it once more.
+  if (program.g.Closing) return;
+  if (ask && !UserWantsToExit(program)) return;
+  if (program.g.Closing) return;  // the client has gone while the user was asked
+  const forms::Forms::EventScope scope(program.forms);  // frmCV7 outlives its own unloading here
+  TearDown(program);
+  program.forms.UnloadAll();
+}
+
+}  // namespace corvel

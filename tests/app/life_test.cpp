@@ -1,0 +1,201 @@
+// The life of the whole program beside the practice client: starts that are refused, and clients
+// that go at any moment.
+#include "platform/desk/desk_peers.h"
+#include "platform/desk/desk_services.h"
+#include "platform/desk/desk_windows.h"
+#include "tools/stage.h"
+
+#include <gtest/gtest.h>
+
+namespace corvel {
+namespace {
+
+// The user takes the first button of every message, and remembers what they said.
+class PatientUser : public desk::Agent {
+ public:
+  explicit PatientUser(desk::Desk& desk) : desk_(desk) { desk_.SetAgent(this); }
+  ~PatientUser() override { desk_.SetAgent(nullptr); }
+
+  bool Act() override {
+    const auto form = desk_.peers().FindForm("frmMsg");
+    if (!form || !form->state->visible || form->window == pressed_) return false;
+    pressed_ = form->window;
+    messages.push_back(desk_.peers().FindControl(form->window, "Picture2", -1)->state->text);
+    if (insteadOfAnswering)
+      insteadOfAnswering();
+    else
+      desk_.peers().Click(desk_.peers().FindControl(form->window, "Command1", 0)->window);
+    return true;
+  }
+  std::optional<std::int64_t> NextActAt() override { return std::nullopt; }
+
+  std::vector<std::string> messages;
+  std::function<void()> insteadOfAnswering;
+
+ private:
+  desk::Desk& desk_;
+  Window pressed_;
+};
+
+struct IdleBody : desk::ProcessBody {
+  void Start(const std::string&) override {}
+  bool Finished() override { return false; }
+};
+
+struct Life {
+  explicit Life(const std::string& version = "4.0") : user(stage.desk()) {
+    stage.setup.version = version;
+  }
+  void PutClient() {
+    stage.PutClient();
+    stage.desk().RunFor(stage.StandMs());
+  }
+  void Start() { program = stage.StartProgram(""); }
+  bool Runs() { return stage.desk().IsRunning(program); }
+  bool ClientIsEnabled() {
+    WindowSystem& windows = stage.desk().windows();
+    return windows.IsEnabled(windows.Find("AOL Frame25", std::nullopt));
+  }
+
+  tools::Stage stage{1};
+  PatientUser user;
+  ProcessId program = 0;
+};
+
+TEST(Start, EveryRuntimeFileIsNeededAndTheFirstMissingOneIsNamed) {
+  const char* const files[] = {"dwqrvspy.dll", "dwspy5.dll",  "qrvproxy.dll", "qrverrhd.dll",
+                               "qrvbtns.ocx",  "qrvbar.ocx",  "qrvspy32.ocx", "dwsbc36.ocx",
+                               "mscomctl.ocx", "dwspy36.dll", "launch32.dll", "inetwh32.dll"};
+  for (const std::string file : files) {
+    Life life;
+    life.PutClient();
+    life.stage.RemoveRuntimeFile(file);
+    life.stage.RemoveRuntimeFile("inetwh32.dll");
+    life.Start();
+    life.stage.desk().RunFor(5000);
+    ASSERT_EQ(life.user.messages.size(), 1u) << file;
+    EXPECT_NE(life.user.messages[0].find("~B" + file + "~B is missing"), std::string::npos);
+    EXPECT_FALSE(life.Runs());
+  }
+}
+
+TEST(Start, ASiblingThatRunsIsNamed) {
+  for (const std::string name : {"Shadewright", "Tellbox"}) {
+    Life life;
+    life.PutClient();
+    const std::string path = "C:\\Program Files\\QRV\\" + name + ".EXE";
+    life.stage.desk().Install(path, [](desk::Desk&) { return std::make_unique<IdleBody>(); });
+    life.stage.desk().Spawn(path, "");
+    life.Start();
+    life.stage.desk().RunFor(5000);
+    EXPECT_FALSE(life.Runs());
+    EXPECT_EQ(life.user.messages,
+              std::vector<std::string>{
+                  "~B~CRCorvel 32 has detected that " + name +
+                  " is currently running!~B~CN~N ~NCorvel 32 is ~Bnot compatible with " + name +
+                  "~B.  Running both together can cause errors.~N ~NIt should also be noted that "
+                  "Corvel 32 already has every feature of the " +
+                  name + " program!  :)~N ~NCorvel will now end."});
+  }
+}
+
+TEST(Start, A16BitClientIsRefusedAndKeepsItsInput) {
+  Life life;
+  life.PutClient();
+  life.stage.desk().files().Remove("C:\\AOL\\iwengx32.dll");
+  life.Start();
+  life.stage.desk().RunFor(5000);
+  EXPECT_FALSE(life.Runs());
+  EXPECT_EQ(life.user.messages,
+            std::vector<std::string>{
+                "~CRA 16 bit version of AOL is currently running!~CN~N ~NCorvel 32 is not "
+                "compatible with the 16 bit versions of AOL."});
+  EXPECT_TRUE(life.ClientIsEnabled());
+}
+
+TEST(Start, AFolderThatCannotBeMadeStopsNothing) {
+  Life life;
+  life.PutClient();
+  life.stage.desk().files().Put("C:\\Corvel\\outgoing", "a file where a folder should be");
+  life.Start();
+  life.stage.desk().RunFor(5000);
+  EXPECT_TRUE(life.Runs());
+  EXPECT_TRUE(life.stage.desk().files().IsFolder("C:\\Corvel\\styles"));
+  EXPECT_TRUE(life.stage.desk().files().IsFolder("C:\\Corvel\\im logs\\11-21-99")) << "today's";
+}
+
+TEST(Life, AClientThatVanishesAtAnyMomentTakesTheProgramWithIt) {
+  for (const char* version : {"3.0", "4.0", "5.0", "4.5"}) {
+    for (const bool signedOn : {true, false}) {
+      for (std::int64_t at = 0; at < 2500; at += 61) {
+        SCOPED_TRACE(std::string(version) + (signedOn ? " on " : " off ") + std::to_string(at));
+        Life life(version);
+        if (!signedOn) life.stage.setup.signedOnAs.clear();
+        life.PutClient();
+        life.Start();
+        life.stage.desk().RunFor(at);
+        life.stage.desk().Kill(life.stage.ClientProcess());
+        life.stage.desk().RunFor(60'000);
+        // One that came too late to see the client asks for its folder, and waits for that.
+        const bool asks = life.stage.desk().peers().FindForm("frmCMDialog").has_value();
+        ASSERT_EQ(life.Runs(), asks);
+        if (!asks) {
+          ASSERT_EQ(life.stage.desk().LeftOpen(0), std::vector<std::string>{});
+        }
+      }
+    }
+  }
+}
+
+TEST(Life, AClientThatIsClosedAtAnyMomentClosesBehindTheProgram) {
+  for (std::int64_t at = 1200; at < 3000; at += 97) {
+    SCOPED_TRACE(at);
+    Life life;
+    life.PutClient();
+    life.Start();
+    life.stage.desk().RunFor(at);
+    life.stage.desk().windows().Post(life.stage.desk().windows().Find("AOL Frame25", std::nullopt),
+                                     wm::kClose, 0, 0);
+    life.stage.desk().RunFor(60'000);
+    ASSERT_FALSE(life.Runs());
+    ASSERT_EQ(life.stage.ClientProcess(), 0u);
+    ASSERT_EQ(life.stage.desk().LeftOpen(0), std::vector<std::string>{});
+  }
+}
+
+TEST(Life, AClientThatVanishesTakesAnOpenMessageAlong) {
+  Life life;
+  life.PutClient();
+  life.Start();
+  life.stage.desk().RunFor(3000);
+  life.user.insteadOfAnswering = [&] { life.stage.desk().Kill(life.stage.ClientProcess()); };
+  auto& peers = life.stage.desk().peers();
+  peers.Close(peers.FindForm("frmCV7").value().window);
+  life.stage.desk().RunFor(5000);
+  EXPECT_EQ(life.user.messages.size(), 1u);
+  EXPECT_FALSE(life.Runs());
+  EXPECT_EQ(life.stage.desk().LeftOpen(0), std::vector<std::string>{});
+}
+
+TEST(Life, InvitationsAreDismissedIfTheUserWantsThat) {
+  for (const bool dismiss : {true, false}) {
+    Life life;
+    life.stage.desk().registry().Write(
+        "Software\\QRV Software\\Corvel\\General", "DismissBuddyInvites",
+        {ValueType::kText, dismiss ? std::string("True\0", 5) : std::string("False\0", 6)});
+    life.PutClient();
+    life.Start();
+    life.stage.desk().RunFor(3000);
+    ASSERT_EQ(life.stage.Client()->Do({"invite", "Ann"}).error, "");
+    life.stage.desk().RunFor(3000);
+    bool stands = false;
+    life.stage.desk().windows().EnumDescendants(life.stage.Client()->Mdi(), [&](Window window) {
+      stands |= life.stage.desk().windows().CaptionOf(window).find("Invitation From: ") == 0;
+      return true;
+    });
+    EXPECT_EQ(stands, !dismiss);
+  }
+}
+
+}  // namespace
+}  // namespace corvel

@@ -1,0 +1,90 @@
+// A process on the desk with a Program in it, and a user whose hand a test guides.
+#pragma once
+
+#include "core/program.h"
+#include "platform/desk/desk.h"
+#include "platform/desk/desk_peers.h"
+#include "platform/desk/desk_services.h"
+
+#include <deque>
+#include <functional>
+#include <gtest/gtest.h>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace corvel {
+
+class CoreTest : public testing::Test, public desk::Agent {
+ protected:
+  CoreTest() {
+    struct Idle : desk::ProcessBody {
+      void Start(const std::string&) override {}
+      bool Finished() override { return false; }
+    };
+    desk_.Install("C:\\Corvel\\corvel32.exe", [](desk::Desk&) { return std::make_unique<Idle>(); });
+    process_ = desk_.Spawn("C:\\Corvel\\corvel32.exe", "");
+    desk_.RunDue();
+    program_ = std::make_unique<Program>(desk_.platform());
+    program_->g.ProgramVersion = kProgramVersion;
+    desk_.SetAgent(this);
+  }
+
+  void TearDown() override {
+    EXPECT_TRUE(deeds_.empty()) << "the program has not waited for all that the user was to do";
+    As([this] { program_.reset(); });
+    EXPECT_EQ(desk_.LeftOpen(process_), std::vector<std::string>{});
+  }
+
+  void As(const std::function<void()>& code) { desk_.RunAs(process_, code); }
+
+  // What the user does when the program next waits with nothing else to happen, in order.
+  void Then(std::function<void()> deed) { deeds_.push_back(std::move(deed)); }
+  void ThenClick(const std::string& form, const std::string& control, int index = -1) {
+    Then([=, this] { EXPECT_EQ(desk_.peers().Click(Find(form, control, index)).refusal, ""); });
+  }
+  void ThenPress(const std::string& form, const std::string& control, Key key, int index = -1) {
+    Then([=, this] { desk_.peers().Press(Find(form, control, index), key); });
+  }
+  void ThenType(const std::string& form, const std::string& control, const std::string& text) {
+    Then([=, this] { desk_.peers().Type(Find(form, control, -1), text); });
+  }
+  void ThenClose(const std::string& form) {
+    Then([=, this] { desk_.peers().Close(desk_.peers().FindForm(form).value().window); });
+  }
+
+  const ControlState& State(const std::string& form, const std::string& control, int index = -1) {
+    return *View(form, control, index).state;
+  }
+
+  bool Act() override {
+    if (deeds_.empty()) return false;
+    const auto deed = deeds_.front();
+    deeds_.pop_front();
+    deed();
+    return true;
+  }
+  std::optional<std::int64_t> NextActAt() override { return std::nullopt; }
+
+  Window Find(const std::string& form, const std::string& control, int index) {
+    return View(form, control, index).window;
+  }
+
+  desk::Desk desk_;
+  ProcessId process_ = 0;
+  std::unique_ptr<Program> program_;
+
+ private:
+  desk::DeskPeers::ControlView View(const std::string& form, const std::string& control,
+                                    int index) {
+    const auto found = desk_.peers().FindForm(form);
+    if (!found) throw std::logic_error("no form " + form);
+    const auto view = desk_.peers().FindControl(found->window, control, index);
+    if (!view) throw std::logic_error("no control " + control);
+    return *view;
+  }
+
+  std::deque<std::function<void()>> deeds_;
+};
+
+}  // namespace corvel
