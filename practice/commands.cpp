@@ -26,7 +26,7 @@ constexpr const char* kNoRoom = "no room is open";
 
 std::string NoIm(const std::string& person) { return "no IM with " + person + " is open"; }
 
-// --- The room -----------------------------------------------------------------------------------
+// --- The room ------------------------------------------------------------------------------------
 
 std::string DoRoom(Client& client, const Words& words) {
   OpenRoom(client, words[1], {words.begin() + 2, words.end()});
@@ -104,7 +104,7 @@ std::string DoRoomFull(Client& client, const Words& words) {
   return "";
 }
 
-// --- Instant messages ---------------------------------------------------------------------------
+// --- Instant messages ----------------------------------------------------------------------------
 
 std::string DoIm(Client& client, const Words& words) {
   ReceiveIm(client, words[1], words[2], ImWindow::Begun::kByThem);
@@ -175,7 +175,7 @@ std::string DoImClose(Client& client, const Words& words) {
   return "";
 }
 
-// --- Mail ---------------------------------------------------------------------------------------
+// --- Mail ----------------------------------------------------------------------------------------
 
 std::string DoWriteMail(Client& client, const Words&) {
   OpenWriteMail(client);
@@ -201,7 +201,7 @@ std::string DoMailClose(Client& client, const Words&) {
   return "";
 }
 
-// --- The client ---------------------------------------------------------------------------------
+// --- The client ----------------------------------------------------------------------------------
 
 std::string DoClientMenu(Client& client, const Words& words) {
   const auto row = LookForMenuRow(client, words[1]);
@@ -248,7 +248,7 @@ std::string DoKeyword(Client& client, const Words& words) {
   return "";
 }
 
-// --- The world ----------------------------------------------------------------------------------
+// --- The world -----------------------------------------------------------------------------------
 
 std::string DoMember(Client& client, const Words& words) {
   static constexpr std::string_view kStates[] = {"offline", "online",     "private", "no-ims",
@@ -282,7 +282,7 @@ std::string DoHourglass(Client& client, const Words& words) {
   return "";
 }
 
-// --- The table ----------------------------------------------------------------------------------
+// --- The table -----------------------------------------------------------------------------------
 
 enum Needs : unsigned {
   kNothing = 0,

@@ -17,14 +17,14 @@ enum : std::uint32_t {
   kSignOn,
   kSignOff,
   kAbout,
-  kNothing,  // rows that the practice client has for their count alone
+  kIdleRow,  // rows that the practice client has for their count alone
   kTile = 1212,
   kCascade = 1213,
 };
 
 struct Row {
   std::string_view caption;  // "" for a separator
-  std::uint32_t id = kNothing;
+  std::uint32_t id = kIdleRow;
 };
 
 // Stands for a caption that differs by locale.
@@ -93,12 +93,12 @@ std::string_view CaptionOf(const Facts& facts, const Row& row) {
 
 void RunExit(Client& client) { client.platform().ownWindows.Destroy(client.frame()); }
 
-struct Command {
+struct MenuAction {
   std::uint32_t id;
   void (*run)(Client&);
 };
 
-constexpr Command kCommands[] = {
+constexpr MenuAction kMenuActions[] = {
     {kNew, OpenUntitled},    {kComposeMail, OpenWriteMail}, {kGetProfile, OpenGetProfile},
     {kSignOn, ShowSignOn},   {kSignOff, SignOff},           {kAbout, OpenAbout},
     {kExitCommand, RunExit},
@@ -146,7 +146,7 @@ void MakeMenuBar(Client& client) {
 }
 
 bool RunMenuCommand(Client& client, std::uint32_t id) {
-  for (const Command& command : kCommands) {
+  for (const MenuAction& command : kMenuActions) {
     if (command.id != id) continue;
     command.run(client);
     return true;

@@ -3,17 +3,13 @@
 #include "base/text.h"
 #include "core/dialogs.h"
 #include "core/helpers.h"
+#include "core/start_checks.h"
 
 namespace corvel {
 
 namespace {
 
 constexpr std::string_view kClientProgram = "waol.exe";
-
-[[noreturn]] void Refuse(Program& program, const std::string& text) {
-  MsgBoxEx(program, text, style::kOk + style::kExclamation);
-  EndProgram();
-}
 
 // The folder of a path that holds the client's program name, "" for any other.
 std::string ClientFolderIn(const std::string& path) {
@@ -22,9 +18,10 @@ std::string ClientFolderIn(const std::string& path) {
 }
 
 [[noreturn]] void Refuse16BitRunning(Program& program) {
-  Refuse(program,
-         "~CRA 16 bit version of AOL is currently running!~CN~N ~NCorvel 32 is not compatible with "
-         "the 16 bit versions of AOL.");
+  RefuseStart(
+      program,
+      "~CRA 16 bit version of AOL is currently running!~CN~N ~NCorvel 32 is not compatible with "
+      "the 16 bit versions of AOL.");
 }
 
 // The folder of the running client: by the list of processes or, without one, by asking its process
@@ -61,9 +58,9 @@ void WelcomeNewUser(Program& program) {
 
 [[noreturn]] void EndWithoutFolder(Program& program, ClientFolderMode mode) {
   if (mode == ClientFolderMode::kFirstRun)
-    Refuse(program,
-           "~B~CRNo AOL directory selected.~B~CN~N ~NCorvel 32 requires a path to your AOL "
-           "Directory to function properly.~N ~NAborting Startup!");
+    RefuseStart(program,
+                "~B~CRNo AOL directory selected.~B~CN~N ~NCorvel 32 requires a path to your AOL "
+                "Directory to function properly.~N ~NAborting Startup!");
   EndProgram();
 }
 
@@ -85,7 +82,8 @@ Window FindClientFrame(Program& program) {
 void AOLIsRunning(Program& program) {
   Globals& g = program.g;
   g.hAOL = FindClientFrame(program);
-  if (!g.hAOL) Refuse(program, "~B~CRAmerica Online window not found!~B~CN~N ~NAborting startup.");
+  if (!g.hAOL)
+    RefuseStart(program, "~B~CRAmerica Online window not found!~B~CN~N ~NAborting startup.");
   g.AOLPath = RunningClientFolder(program);
   if (!IsAOL32Bit(program)) Refuse16BitRunning(program);
   program.store.WriteKey("", "AOL Path", g.AOLPath);
@@ -97,11 +95,11 @@ void StartAOL(Program& program) {
   g.AOLPath = WithoutLastSlash(program.store.ReadKey("", "AOL Path"));
   if (!HasClient(program, g.AOLPath)) GetAOLPath(program, ClientFolderMode::kFirstRun);
   if (!IsAOL32Bit(program))
-    Refuse(program,
-           "~CRYou are attempting to start a 16 bit version of AOL!~CN~N ~NCorvel 32 is not "
-           "compatible with the 16 bit versions of AOL.");
+    RefuseStart(program,
+                "~CRYou are attempting to start a 16 bit version of AOL!~CN~N ~NCorvel 32 is not "
+                "compatible with the 16 bit versions of AOL.");
   if (!program.platform.processes.Run(g.AOLPath + "\\aol.exe", show::kNormal))
-    Refuse(program, "~B~CRAmerica Online could not be started!~B~CN~N ~NAborting startup.");
+    RefuseStart(program, "~B~CRAmerica Online could not be started!~B~CN~N ~NAborting startup.");
   WaitForClientFrame(program);
 }
 

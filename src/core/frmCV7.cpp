@@ -111,7 +111,7 @@ void frmCV7::WireTimers() {
   };
 }
 
-// --- Load and unload ----------------------------------------------------------------------------
+// --- Load and unload -----------------------------------------------------------------------------
 
 void frmCV7::Form_Load() {
   if (program.g.Unloading) {
@@ -196,7 +196,7 @@ void frmCV7::DisableTimers() {
     timer->SetEnabled(false);
 }
 
-// --- The toolbar --------------------------------------------------------------------------------
+// --- The toolbar ---------------------------------------------------------------------------------
 
 void frmCV7::ShowToolbar() {
   if (program.g.AccessMode != 0) {  // the default isn't written back
@@ -220,7 +220,7 @@ void frmCV7::ResizeButtons() {
                                             : forms::Row(std::move(buttons)));
 }
 
-// --- The client's own closing -------------------------------------------------------------------
+// --- The client's own closing --------------------------------------------------------------------
 
 // The client must not close by itself while its windows are hooked and some of them sit in ours:
 // what would close it is held back, and comes again behind our own way down.

@@ -16,7 +16,6 @@ namespace corvel {
 
 namespace {
 
-constexpr int kUk = 1;
 constexpr const char* kFadeNewsPage = "http://corvel.example/news/fading.html";
 
 // The child windows of a chat room that are hooked.
@@ -40,13 +39,9 @@ RoomWindows FindRoomWindows(Program& program, Window room) {
   }
   found.list = first("_AOL_LISTBOX");
   found.sendIcon = windows.Next(found.input);
-  if (program.g.AOLVer != "3" && program.g.AOLLocale == kUk)
+  if (program.g.AOLVer != "3" && program.g.AOLLocale == locale::kUk)
     found.sendIcon = windows.Next(found.sendIcon);
   return found;
-}
-
-void Call(const std::function<void()>& slot) {
-  if (slot) slot();
 }
 
 // The text behind the first colon of an IM's caption.
@@ -106,10 +101,10 @@ void frmCV7::UnhookRoom() {
     chat.Detach();
   else
     sbcChatWin.SetHWnd({});
-  if (program.g.CmdPopupUp) Call(program.hub.HideKeywordPopup);
+  if (program.g.CmdPopupUp) CallSlot(program.hub.HideKeywordPopup);
   if (program.g.FadePanelUp) {
     program.g.FadePanelUp = false;
-    Call(program.hub.HideFadePanel);
+    CallSlot(program.hub.HideFadePanel);
   }
 }
 
@@ -121,7 +116,7 @@ void frmCV7::WatchMailBar() {
   if (!g.hMailWin) {
     if (!MailBarUp) return;
     MailBarUp = false;
-    Call(program.hub.HideMailBar);
+    CallSlot(program.hub.HideMailBar);
   } else if (!MailBarUp) {
     MailBarUp = true;
     if (!program.hub.ShowMailBar) return;
@@ -139,7 +134,7 @@ void frmCV7::FollowOnline() {
     return;
   }
   if (g.Unloading) return;
-  Call(program.hub.TidyIMsAfterSignOff);
+  CallSlot(program.hub.TidyIMsAfterSignOff);
   if (!g.IsOnline) return;
   g.CurrentSN.clear();
   ResetCaptionsOfSignedOff();
@@ -160,9 +155,9 @@ void frmCV7::WatchReadMail() {
   if (!plays && !scans) return;
   const Window top = platform().windows.TopChild(program.g.hMDI);
   const Window label =
-      hub.client.FindChildByClass(top, "_AOL_STATIC", program.g.AOLLocale == kUk ? 9 : 3);
+      hub.client.FindChildByClass(top, "_AOL_STATIC", program.g.AOLLocale == locale::kUk ? 9 : 3);
   if (!label || Lower(hub.client.GetAPIText(label)) != "reply") {
-    Call(hub.ForgetLastMail);
+    CallSlot(hub.ForgetLastMail);
     return;
   }
   if (plays) hub.PlayMailWav(top);
@@ -200,7 +195,7 @@ void frmCV7::DismissRefusalBox() {
     OpenWithShell(program, this, kFadeNewsPage);
   else if (wantsToRead)
     program.hub.client.RunKeyword(kFadeNewsPage);
-  Call(program.hub.SwitchFaderOff);
+  CallSlot(program.hub.SwitchFaderOff);
 }
 
 void frmCV7::DismissInvitation() {

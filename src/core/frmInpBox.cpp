@@ -6,7 +6,7 @@ namespace corvel {
 
 namespace {
 
-constexpr int kTextColumns = 52;
+constexpr int kInputColumns = 52;
 constexpr std::uint32_t kFocusDelayMs = 50;
 
 }  // namespace
@@ -35,10 +35,10 @@ frmInpBox::frmInpBox(Program& p, std::string_view text, std::string_view preset)
 
 void frmInpBox::Form_Load() {
   using forms::Cell, forms::Column, forms::Framed, forms::Row, forms::Space, forms::Stretch;
-  Picture1.SetMarkedText(platform().display, text_, kTextColumns);
+  Picture1.SetMarkedText(platform().display, text_, kInputColumns);
   txtInput.SetAccessibleName(Picture1.State().accessibleName);
   Arrange(Column({Row({Cell(Image1), Cell(Picture1)}),
-                  Framed(Frame1, Row({Stretch(Cell(txtInput, kTextColumns))})),
+                  Framed(Frame1, Row({Stretch(Cell(txtInput, kInputColumns))})),
                   Row({Space(), Cell(Command1[0]), Cell(Command1[1]), Space()})}));
   Center();
   SetTopMost();

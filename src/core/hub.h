@@ -72,6 +72,11 @@ struct ClientSlots {
   std::function<void(const std::string& target)> RunKeyword;
 };
 
+// Calls a slot if its feature is there.
+inline void CallSlot(const std::function<void()>& slot) {
+  if (slot) slot();
+}
+
 struct Hub {
   ClientSlots client;
 

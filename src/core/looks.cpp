@@ -10,7 +10,6 @@ constexpr Color kSystemFace = static_cast<Color>(0x8000000F);
 constexpr Color kSystemHilight = static_cast<Color>(0x80000014);
 constexpr Color kSystemButtonText = static_cast<Color>(0x80000012);
 constexpr Color kSystemHighlightBack = static_cast<Color>(0x8000000D);
-constexpr int kUk = 1, kAustralia = 3;
 
 // The colours of a window and its buttons. Where the second face isn't set, a button keeps its own.
 struct Look {
@@ -24,8 +23,9 @@ Look LookOf(const Program& program) {
   const int locale = program.g.AOLLocale;
   switch (program.g.UIMode) {
     case 1:
-      return {locale == kAustralia ? 0xC0FFFF : 0xF0FBFF, locale == kUk ? 0xC8876C : 0xAD6D00,
-              locale == kUk ? std::nullopt : std::optional<Color>(0xFFB18C), 0xFFFFFF,
+      return {locale == locale::kAustralia ? 0xC0FFFF : 0xF0FBFF,
+              locale == locale::kUk ? 0xC8876C : 0xAD6D00,
+              locale == locale::kUk ? std::nullopt : std::optional<Color>(0xFFB18C), 0xFFFFFF,
               kSystemHighlightBack};
     case 2:
       return {colors.WindowColor, colors.ButtonForecolor, std::nullopt, colors.ButtonText,

@@ -127,10 +127,6 @@ void LoadUserSettings(Program& program, Splash& splash) {
   });
 }
 
-void Call(const std::function<void()>& slot) {
-  if (slot) slot();
-}
-
 // The second half of the start. The central window watches the client from its load on, so the way
 // down can begin inside any of these.
 void LoadCorvel(Program& program) {
@@ -152,15 +148,15 @@ void LoadCorvel(Program& program) {
   g.SysDir = GetSysDir(program);
   if (g.IsVersion4Or5()) {
     LoadFaderGroup(program.store, program.settings);
-    step(settings.IM.TabsOn, [&hub] { Call(hub.InitializeIMManager); });
+    step(settings.IM.TabsOn, [&hub] { CallSlot(hub.InitializeIMManager); });
   }
   // Not without the library's help, but no reason to stop: what needs it does without.
   step(true, [&program] { program.platform.proxy.Attach(program.g.hAOL); });
-  step(true, [&hub] { Call(hub.ScanIncoming); });
-  step(settings.General.PopupFact, [&hub] { Call(hub.ShowFact); });
-  step(settings.General.LaunchPR, [&hub] { Call(hub.StartPalroster); });
-  step(settings.General.LaunchBD, [&hub] { Call(hub.StartBackdrape); });
-  step(true, [&hub] { Call(hub.LogCountCheck); });
+  step(true, [&hub] { CallSlot(hub.ScanIncoming); });
+  step(settings.General.PopupFact, [&hub] { CallSlot(hub.ShowFact); });
+  step(settings.General.LaunchPR, [&hub] { CallSlot(hub.StartPalroster); });
+  step(settings.General.LaunchBD, [&hub] { CallSlot(hub.StartBackdrape); });
+  step(true, [&hub] { CallSlot(hub.LogCountCheck); });
 }
 
 void Start(Program& program) {
@@ -177,7 +173,7 @@ void Start(Program& program) {
   LoadCorvel(program);
 }
 
-// --- The way down -------------------------------------------------------------------------------
+// --- The way down --------------------------------------------------------------------------------
 
 // Gives the client back what it must have, in an order that others rely on: IMs first, since their
 // windows sit in ours, the proxy last, since it serves all the rest.
@@ -187,7 +183,7 @@ void TearDown(Program& program) {
   frmCV7* const toolbar = program.forms.Loaded<frmCV7>();
   g.Closing = true;
   platform.windows.Enable(g.hAOL, true);
-  if (program.settings.IM.TabsOn) GoOn([&] { Call(program.hub.GiveBackIMs); });
+  if (program.settings.IM.TabsOn) GoOn([&] { CallSlot(program.hub.GiveBackIMs); });
   Pause(program, 0.5);
   if (toolbar) {
     toolbar->DisableTimers();

@@ -24,6 +24,11 @@ struct AolStrings {
       AOLAttachText;
 };
 
+// Values of AOLLocale.
+namespace locale {
+inline constexpr int kUs = 0, kUk = 1, kCanada = 2, kAustralia = 3;
+}
+
 struct Globals {
   std::string ProgramVersion;
   bool Unloading = false;   // the way down has finished: whatever wakes up unloads itself

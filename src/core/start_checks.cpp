@@ -23,11 +23,6 @@ constexpr const char* kFolders[] = {"data",     "data\\email",     "data\\hotwor
                                     "data\\im", "data\\quickfind", "im logs",
                                     "incoming", "outgoing",        "styles"};
 
-[[noreturn]] void Refuse(Program& program, const std::string& text) {
-  MsgBoxEx(program, text, style::kOk + style::kExclamation);
-  EndProgram();
-}
-
 // Both siblings hook the same windows of the client.
 void CheckForSibling(Program& program, const std::string& name) {
   const auto processes = program.platform.processes.Snapshot();
@@ -35,12 +30,12 @@ void CheckForSibling(Program& program, const std::string& name) {
   const std::string file = Lower(name) + ".exe";
   for (const ProcessEntry& process : *processes) {
     if (Lower(process.path).find(file) == std::string::npos) continue;
-    Refuse(program, "~B~CRCorvel 32 has detected that " + name +
-                        " is currently running!~B~CN~N ~NCorvel 32 is ~Bnot compatible with " +
-                        name +
-                        "~B.  Running both together can cause errors.~N ~NIt should also be noted "
-                        "that Corvel 32 already has every feature of the " +
-                        name + " program!  :)~N ~NCorvel will now end.");
+    RefuseStart(program,
+                "~B~CRCorvel 32 has detected that " + name +
+                    " is currently running!~B~CN~N ~NCorvel 32 is ~Bnot compatible with " + name +
+                    "~B.  Running both together can cause errors.~N ~NIt should also be noted "
+                    "that Corvel 32 already has every feature of the " +
+                    name + " program!  :)~N ~NCorvel will now end.");
   }
 }
 
@@ -55,6 +50,11 @@ void RunLiveUpdate(Program& program) {
 
 }  // namespace
 
+[[noreturn]] void RefuseStart(Program& program, const std::string& text) {
+  MsgBoxEx(program, text, style::kOk + style::kExclamation);
+  EndProgram();
+}
+
 void StartStep(Program& program, const char* procedure, const std::function<void()>& body) {
   Reported(program, {"modMain", procedure}, body,
            [](const RunTimeError& error) { return error.Number() == err::kPathFileAccess; });
@@ -65,10 +65,11 @@ void CheckWindowsVersion(Program& program) {
   if (platform == kWindows9x) return;
   // The doubled tilde is no slip of ours: the message has always looked so.
   if (platform == kWindowsNT)
-    Refuse(program,
-           "~B~CRWindows NT detected!~B~CN~~N ~NCorvel 32 is not compatible with Windows NT.~N "
-           "~NAborting startup!");
-  Refuse(program, "Corvel 32 can only run under Windows 95 or Windows 98.");
+    RefuseStart(
+        program,
+        "~B~CRWindows NT detected!~B~CN~~N ~NCorvel 32 is not compatible with Windows NT.~N "
+        "~NAborting startup!");
+  RefuseStart(program, "Corvel 32 can only run under Windows 95 or Windows 98.");
 }
 
 void ChooseLook(Program& program) {
@@ -95,9 +96,10 @@ void CommandLine(Program& program, std::string_view line) {
 
 void CheckPreviousInstance(Program& program) {
   if (!program.platform.processes.PreviousInstance()) return;
-  Refuse(program,
-         "~B~CRCorvel 32 is already running!~B~CN~N ~NNo more than one instance of Corvel 32 may "
-         "run at a time.~N ~NAborting startup!");
+  RefuseStart(
+      program,
+      "~B~CRCorvel 32 is already running!~B~CN~N ~NNo more than one instance of Corvel 32 may "
+      "run at a time.~N ~NAborting startup!");
 }
 
 void CheckForShadewright(Program& program) { CheckForSibling(program, "Shadewright"); }
@@ -107,12 +109,13 @@ void IntegrityCheck(Program& program) {
   program.g.SysDir = GetSysDir(program);
   for (const char* const file : kRuntimeFiles) {
     if (FileExists(program, program.g.SysDir + "\\" + file)) continue;
-    Refuse(program,
-           std::string("~B~CRMissing runtime file!~B~CN~N ~NCorvel 32 has detected that one of its "
-                       "critical runtime files, ~B") +
-               file +
-               "~B is missing.~N ~NPlease perform a full reinstallation of Corvel 32 to correct "
-               "this problem.");
+    RefuseStart(
+        program,
+        std::string("~B~CRMissing runtime file!~B~CN~N ~NCorvel 32 has detected that one of its "
+                    "critical runtime files, ~B") +
+            file +
+            "~B is missing.~N ~NPlease perform a full reinstallation of Corvel 32 to correct "
+            "this problem.");
   }
   for (const char* const folder : kFolders)
     StartStep(program, "IntegrityCheck",

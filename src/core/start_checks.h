@@ -5,6 +5,7 @@
 #include "core/program.h"
 
 #include <functional>
+#include <string>
 #include <string_view>
 
 namespace corvel {
@@ -12,6 +13,9 @@ namespace corvel {
 // One step of the start. It goes on over a file or folder that can't be made; every other error is
 // reported.
 void StartStep(Program& program, const char* procedure, const std::function<void()>& body);
+
+// Tells the user why the program does not start, and ends it.
+[[noreturn]] void RefuseStart(Program& program, const std::string& text);
 
 void CheckWindowsVersion(Program& program);
 // UIMode and LowColor by the screen and the user's choice, then the user's colours.

@@ -10,7 +10,7 @@
 namespace corvel::desk {
 namespace {
 
-constexpr auto kNone = std::string_view::npos;
+constexpr auto kNowhere = std::string_view::npos;
 
 bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r'; }
 
@@ -33,7 +33,7 @@ class LineWalker {
     begin_ = next_;
     const void* end = std::memchr(text_.data() + begin_, '\n', text_.size() - begin_);
     const std::size_t lineFeed =
-        end ? static_cast<std::size_t>(static_cast<const char*>(end) - text_.data()) : kNone;
+        end ? static_cast<std::size_t>(static_cast<const char*>(end) - text_.data()) : kNowhere;
     next_ = end ? lineFeed + 1 : text_.size();
     line_ = text_.substr(begin_, (end ? lineFeed : next_) - begin_);
     while (!line_.empty() && line_.back() == '\r') line_.remove_suffix(1);
@@ -58,7 +58,7 @@ std::optional<std::string_view> SectionName(std::string_view line) {
   line = WithoutLeadingBlanks(line);
   if (line.empty() || line.front() != '[') return std::nullopt;
   const auto end = line.rfind(']');
-  if (end == kNone) return std::nullopt;
+  if (end == kNowhere) return std::nullopt;
   return Trimmed(line.substr(1, end - 1));
 }
 
