@@ -1,0 +1,65 @@
+#include "wavlib/fav_wavs.h"
+
+#include "base/text.h"
+#include "wavlib/append_line.h"
+#include "wavlib/wav_name.h"
+
+namespace corvel {
+namespace {
+
+FavWav FavWavOf(std::string_view line, std::size_t tab) {
+  FavWav wav{std::string(line.substr(0, tab)), std::string(line.substr(tab + 1))};
+  if (tab == 0) wav.name = Replaced(wav.path, "\t", " ");  // or it could not be written back
+  if (wav.name.find(".wav") != std::string::npos)
+    wav.name.resize(WithoutExtension(wav.name).size());
+  return wav;
+}
+
+}  // namespace
+
+std::vector<FavWav> ParseFavWavs(std::string_view bytes) {
+  std::vector<FavWav> wavs;
+  for (const std::string_view line : Lines(bytes)) {
+    const auto tab = line.find('\t');
+    if (tab != std::string_view::npos) wavs.push_back(FavWavOf(line, tab));
+  }
+  return wavs;
+}
+
+std::string FormatFavWav(const FavWav& wav) { return wav.name + '\t' + wav.path; }
+
+std::string FindFavWav(std::string_view bytes, std::string_view wav) {
+  if (Trim(wav).size() < kWavExtension) return {};
+  const std::string key = Trim(WithoutExtension(wav));
+  std::string_view found;
+  for (const std::string_view line : Lines(bytes)) {
+    const auto tab = line.find('\t');
+    if (tab == std::string_view::npos) return {};
+    if (line.substr(0, tab) == key) found = line.substr(tab + 1);
+  }
+  return std::string(found);
+}
+
+std::string FavWavFile::Path() const { return program_.InFolder("favwavs.dat"); }
+
+std::string FavWavFile::Bytes() {
+  Files& files = program_.platform.files;
+  if (!files.Exists(Path())) files.Append(Path(), "");
+  return files.Read(Path());
+}
+
+std::vector<FavWav> FavWavFile::Load() { return ParseFavWavs(Bytes()); }
+
+std::string FavWavFile::Search(std::string_view wav) {
+  return Trim(wav).empty() ? std::string() : FindFavWav(Bytes(), wav);
+}
+
+void FavWavFile::Append(const FavWav& wav) { AppendLine(program_, Path(), FormatFavWav(wav)); }
+
+void FavWavFile::Save(const std::vector<FavWav>& wavs) {
+  std::string bytes;
+  for (const FavWav& wav : wavs) bytes += FormatFavWav(wav) + "\r\n";
+  program_.platform.files.Write(Path(), bytes);
+}
+
+}  // namespace corvel

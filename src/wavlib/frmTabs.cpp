@@ -1,0 +1,268 @@
+#include "wavlib/frmTabs.h"
+
+#include "base/text.h"
+#include "core/dialogs.h"
+#include "core/helpers.h"
+#include "core/looks.h"
+#include "core/main.h"
+#include "core/report_error.h"
+#include "wavlib/frmDescrip.h"
+#include "wavlib/garland_styles.h"
+#include "wavlib/menu_rows.h"
+#include "wavlib/wav_categories.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace corvel {
+namespace {
+
+constexpr const char* kWavListSection = "Wav List";
+
+}  // namespace
+
+frmTabs::frmTabs(Program& program, AolClient& client, Fader& fader)
+    : ProgramForm(program, "frmTabs", "Wav List"),
+      cboList(*this, "cboList"),
+      cmdMin(*this, "cmdMin", "Min"),
+      cmdClose(*this, "cmdClose", "Close"),
+      lblpath(*this, "lblpath"),
+      lstWav(*this, "lstWav", true, true),
+      List3(*this, "List3"),
+      lblCount(*this, "lblCount"),
+      cmdSend(*this, "cmdSend", "&Send"),
+      cmdHushlet(*this, "cmdHushlet", "&Hushlet"),
+      cmdFadeWav(*this, "cmdFadeWav", "&FadeWav"),
+      cmdEMail(*this, "cmdEMail", "E-&Mail"),
+      cmdFav(*this, "cmdFav", "Refresh"),
+      cmdDel(*this, "cmdDel", "&Delete"),
+      cmdPrint(*this, "cmdPrint", "&Print"),
+      cmdHelp(*this, "cmdHelp", "He&lp"),
+      cmdNewCat(*this, "cmdNewCat", "&New Category"),
+      cmdEditCat(*this, "cmdEditCat", "&Edit Category"),
+      cmdDelCat(*this, "cmdDelCat", "Delete Ca&tegory"),
+      chkGarland(*this, "chkGarland", "Use &Garland Style"),
+      cmdChooseGL(*this, "cmdChooseGL", "&Choose Style"),
+      lstGarlandRnd(*this, "lstGarlandRnd"),
+      mnuWav("mnuWav", "",
+             {MenuItem("Send to AOL", [this] { cmdSend_Click(); }),
+              MenuItem("Send to Text", [this] { SendCurrentToText(); }),
+              MenuItem("Preview", [this] { PreviewWav(); }), Separator(),
+              MenuItem("Edit Wav Description", [this] { EditWavDescrip(); }),
+              MenuItem("Show Wav Description Window", [this] { ToggleDescrip(); }),
+              GreyedItem("Change Garland Style"), GreyedItem("Attach to E-Mail"), Separator(),
+              MenuItem("Delete Wav From System", [this] { cmdDel_Click(); }),
+              MenuItem("Rename Wav", [this] { RenameCurrent(); }),
+              MenuItem("Move Selected Wav", [this] { SendCurrentTo(); }), Separator(),
+              MenuItem("Add to FavWav List", [this] { AddFavWavPath(CurrentPath()); }),
+              GreyedItem("View Wav Properties")}),
+      mnuFavWav("mnuFavWav", "",
+                {MenuItem("Add a FavWav", [this] { AddFavWav(); }),
+                 MenuItem("Delete a FavWav", [this] { DelFavWav(); })}),
+      mnuPrLst(
+          "mnuPrLst", "",
+          {MenuItem("Print to Printer", [this] { PrintToPrinter(this->program, Listing()); }),
+           MenuItem("Print to E-Mail", [this] { PrintToEMail(this->program, client_, Listing()); }),
+           MenuItem("Print to File", [this] { PrintToFile(this->program, Listing()); })}),
+      client_(client),
+      sender_(program, client, fader),
+      favWavs_(program) {
+  ConnectButtons();
+}
+
+void frmTabs::ConnectButtons() {
+  cboList.SetAccessibleName("Wav category");
+  lstWav.SetAccessibleName("Wavs");
+  List3.SetVisible(false);
+  lstGarlandRnd.SetVisible(false);
+  cboList.onClick = [this] { cboList_Click(); };
+  lstWav.onClick = [this] { lstWav_Click(); };
+  lstWav.onDblClick = [this] { lstWav_DblClick(); };
+  lstWav.onRightClick = [this] { lstWav_RightClick(); };
+  cmdMin.SetToolTip("Minimize");
+  cmdMin.onClick = [this] { cmdMin_Click(); };
+  cmdClose.SetCancel(true);
+  cmdClose.onClick = [this] { Unload(); };
+  cmdSend.onClick = [this] { cmdSend_Click(); };
+  cmdHushlet.onClick = [this] { client_.Hushlet(); };
+  cmdFadeWav.onClick = [this] { cmdFadeWav_Click(); };
+  cmdFav.onClick = [this] { cmdFav_Click(); };
+  cmdDel.onClick = [this] { cmdDel_Click(); };
+  cmdPrint.onClick = [this] { PopupMenu(mnuPrLst); };
+  cmdHelp.onClick = [this] { ShowHelp(program, "Wav List"); };
+  cmdNewCat.onClick = [this] { cmdNewCat_Click(); };
+  cmdEditCat.onClick = [this] { cmdEditCat_Click(); };
+  cmdDelCat.onClick = [this] { cmdDelCat_Click(); };
+  for (forms::Button* button : {&cmdChooseGL, &cmdEMail}) {
+    button->SetEnabled(false);
+    button->SetToolTip(kNotBuiltTip);
+  }
+}
+
+// The upper part, which stays when the window is folded, is the category with its path and count.
+void frmTabs::ArrangeControls() {
+  using namespace forms;
+  constexpr int kButton = 12;
+  Arrange(Column(
+      {Row({Stretch(Cell(cboList, 30)), Cell(cmdMin, 8), Cell(cmdClose, 8)}), Cell(lblpath, 46),
+       Cell(lblCount, 46),
+       Row({Stretch(Cell(lstWav, 34, 14)),
+            Column({Cell(cmdSend, kButton), Cell(cmdHushlet, kButton), Cell(cmdFadeWav, kButton),
+                    Cell(cmdEMail, kButton), Cell(cmdFav, kButton), Cell(cmdDel, kButton),
+                    Cell(cmdPrint, kButton), Cell(cmdHelp, kButton)})}),
+       Row({Cell(cmdNewCat, 15), Cell(cmdEditCat, 15), Cell(cmdDelCat, 16)}),
+       Row({Stretch(Cell(chkGarland, 20)), Cell(cmdChooseGL, 15)})}));
+}
+
+void frmTabs::Form_Load() {
+  try {
+    StartUp();
+  } catch (const RunTimeError&) {
+    MsgBoxEx(program,
+             "Corvel has trapped a memory error.  This error is probably not in your computer.",
+             style::kOk + style::kStop);
+    UnloadAllForms(program, false);
+    EndProgram();
+  }
+}
+
+void frmTabs::StartUp() {
+  SetFormColor(program, *this);
+  ArrangeControls();
+  RestorePlace(program, *this, kWavListSection);
+  chkGarland.SetValue(program.store.ReadKey(kWavListSection, "Garland") == "On" ? 1 : 0);
+  chkGarland.onClick = [this] { chkGarland_Click(); };
+  for (const std::string& name : CategoryNames(program)) cboList.AddItem(name);
+  cboList.AddItem(kFavWavs);
+  SelectDefaultCategory();
+  WriteCount();
+  SetOwner(program.g.hAOL);
+  randomGarland_ = program.store.ReadKey("Garland", "Random") == "Yes";
+  if (randomGarland_) LoadGarlands();
+  cmdFadeWav.SetEnabled(program.g.IsVersion4Or5() && program.hub.ShowFadePanel);
+  if (!program.hub.ShowFadePanel) cmdFadeWav.SetToolTip(kNotBuiltTip);
+  if (lstWav.ListCount() > 0) SelectRow(0);
+}
+
+void frmTabs::SelectDefaultCategory() {
+  std::string name = Trim(program.store.ReadKey(kWavListSection, "Default Category"));
+  if (name.empty()) name = kAolDirectory;
+  SelectCategoryQuietly(cboList.FindString(-1, name));
+  cboList_Click();
+}
+
+void frmTabs::LoadGarlands() {
+  const std::string path = program.InFolder("styles\\garland.dat");
+  std::vector<std::string> styles;
+  Reported(program, {"frmTabs", "LoadGarlands"}, [&] {
+    if (FileExists(program, path)) styles = ParseStyleFile(ReadWholeFile(program, path));
+  });
+  styles.insert(styles.end(), kBuiltInGarlands.begin(), kBuiltInGarlands.end());
+  lstGarlandRnd.SetItems(std::move(styles));
+}
+
+void frmTabs::Form_Move() { SavePlace(program, *this, kWavListSection); }
+
+void frmTabs::Form_Unload() {
+  if (frmDescrip* window = program.forms.Loaded<frmDescrip>()) window->Unload();
+}
+
+void frmTabs::cmdMin_Click() {
+  const bool fold = !Folded();
+  for (forms::Control* control : Controls())
+    if (control != &cboList && control != &cmdMin && control != &cmdClose && control != &lblpath &&
+        control != &lblCount && control != &List3 && control != &lstGarlandRnd)
+      control->SetVisible(!fold);
+  cmdMin.SetCaption(fold ? "Max" : "Min");
+  cmdMin.SetToolTip(fold ? "Maximize" : "Minimize");
+  ArrangeControls();
+  if (fold) return;
+  RePosForm(program, *this, 0);
+  RePosForm(program, *this, 1);
+}
+
+void frmTabs::cboList_Click() {
+  const std::string name = cboList.Text();
+  if (name == kFavWavs)
+    ShowFavWavs();
+  else
+    ShowCategory(name);
+  WriteCount();
+  program.store.WriteKey(kWavListSection, "Default Category", name);
+}
+
+void frmTabs::ShowCategory(const std::string& name) {
+  InFavWavs = favWavsRead_ = false;
+  cmdNewCat.SetEnabled(true);
+  cmdEditCat.SetEnabled(name != kAolDirectory);
+  cmdDelCat.SetEnabled(name != kAolDirectory);
+  cmdFav.SetCaption("Refresh");
+  lblpath.SetCaption(CategoryFolder(program, name));
+  LoadWavList();
+}
+
+void frmTabs::ShowFavWavs() {
+  InFavWavs = true;
+  favWavsRead_ = false;
+  for (forms::Button* button : {&cmdNewCat, &cmdEditCat, &cmdDelCat}) button->SetEnabled(false);
+  cmdFav.SetCaption("Fav Opt");
+  lblpath.SetCaption("");
+  lstWav.Clear();
+  List3.Clear();
+  std::vector<FavWav> wavs;
+  favWavsRead_ = Reported(program, {"frmTabs", "cboList_Click"}, [&] { wavs = favWavs_.Load(); });
+  std::vector<std::string> names, paths;
+  for (FavWav& wav : wavs) names.push_back(std::move(wav.name));
+  for (const std::size_t i : lstWav.SetItems(std::move(names)))
+    paths.push_back(std::move(wavs[i].path));
+  List3.SetItems(std::move(paths));
+}
+
+void frmTabs::LoadWavList() {
+  lstWav.Clear();
+  const bool hideClientSounds =
+      program.settings.WavList.NoAOLWavs && Lower(cboList.Text()) == "aol directory";
+  Reported(
+      program, {"frmTabs", "LoadWavList"},
+      [&] { lstWav.SetItems(WavsIn(program, lblpath.Caption(), hideClientSounds)); },
+      [&](const RunTimeError& error) {
+        if (error.Number() != err::kPathNotFound) return false;
+        MsgBoxEx(program,
+                 "~B~CRDirectory not found!~B~CN~N ~NThe Directory you chose does not exist or you "
+                 "have typed an incorrect path.",
+                 style::kOk + style::kExclamation);
+        return true;
+      });
+}
+
+void frmTabs::WriteCount() {
+  lblCount.SetCaption(" Wavs - Count: " + std::to_string(lstWav.ListCount()));
+}
+
+void frmTabs::Refresh() {
+  const int row = lstWav.ListIndex();
+  LoadWavList();
+  WriteCount();
+  SelectRow(row);
+}
+
+// The row goes to the nearest that is left if the list has become shorter.
+void frmTabs::SelectRow(int row) {
+  row = std::min(row, lstWav.ListCount() - 1);
+  lstWav.SetListIndex(row);
+  if (row >= 0) lstWav.SetSelected(row, true);
+}
+
+// Without cboList_Click, where the list stays as it is.
+void frmTabs::SelectCategoryQuietly(int row) {
+  const auto onClick = std::exchange(cboList.onClick, nullptr);
+  cboList.SetListIndex(row);
+  cboList.onClick = onClick;
+}
+
+std::string frmTabs::CurrentPath() const {
+  if (InFavWavs) return List3.List(lstWav.ListIndex());
+  return lblpath.Caption() + "\\" + lstWav.Text() + ".wav";
+}
+
+}  // namespace corvel
