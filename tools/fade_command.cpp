@@ -16,9 +16,9 @@
 namespace corvel::tools {
 namespace {
 
-constexpr int kFailed = 2;
+constexpr int kRefused = 2;
 
-// What the user is told before the command ends with kFailed.
+// What the user is told before the command ends with kRefused.
 struct Refusal : std::runtime_error {
   using std::runtime_error::runtime_error;
 };
@@ -186,7 +186,7 @@ int RunFade(std::span<const std::string> args, std::istream& input, std::ostream
     return 0;
   } catch (const Refusal& refusal) {
     error << "corvel-desk fade: " << refusal.what() << '\n';
-    return kFailed;
+    return kRefused;
   }
 }
 

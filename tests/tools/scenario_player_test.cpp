@@ -1,0 +1,147 @@
+// Verdicts of scenarios: what is found before the run, what fails in it and with which words.
+#include "tools/scenario_player.h"
+
+#include <gtest/gtest.h>
+
+namespace corvel::tools {
+namespace {
+
+ScenarioVerdict Play(const std::string& text) { return PlayScenario("t.scn", text, {}, {}); }
+
+std::string FirstMessage(const ScenarioVerdict& verdict) {
+  return verdict.messages.empty() ? "" : verdict.messages.front();
+}
+
+TEST(Scenario, IsRefusedBeforeTheRunWhereItCantBeRead) {
+  const std::pair<const char*, const char*> kFiles[] = {
+      {"dance", "t.scn:1: no such command: dance"},
+      {"\nwait", "t.scn:2: words are missing; it reads: wait SECONDS"},
+      {"wait 1 2", "t.scn:1: too many words; it reads: wait SECONDS"},
+      {"wait soon", "t.scn:1: a number of seconds is wanted"},
+      {"wait -1", "t.scn:1: a number of seconds is wanted"},
+      {"start\nclock \"11-21-1999 20:15:00\"", "t.scn:2: clock can stand before the start only"},
+      {"clock \"02-30-1999 20:15:00\"", "t.scn:1: the time reads"},
+      {"client 4.0 fr", "t.scn:1: the locale is"},
+      {"expect happiness", "t.scn:1: no such expectation: happiness"},
+      {"expect line", "t.scn:1: words are missing; it reads: expect line"},
+      {"expect im Ann in-manager", "t.scn:1: `expect im ... in-manager` is not built yet"},
+      {"click frmMsg", "t.scn:1: FORM.CONTROL is wanted"},
+      {"click frmMsg.Command1(x)", "t.scn:1: FORM.CONTROL is wanted"},
+      {"menu mnuNone \"Row\"", "t.scn:1: the menus are"},
+      {"key return", "t.scn:1: the keys are"},
+      {"type \"half", "t.scn:1: the quote is not closed"},
+      {"random 1", "t.scn:1: each number lies in [0, 1)"},
+      {"without-file nothing.dll", "t.scn:1: no runtime file is called so"},
+  };
+  for (const auto& [text, message] : kFiles) {
+    const ScenarioVerdict verdict = Play(text);
+    EXPECT_EQ(verdict.exitCode, kUnreadable) << text;
+    EXPECT_EQ(FirstMessage(verdict).rfind(message, 0), 0u) << text << ": " << FirstMessage(verdict);
+  }
+}
+
+TEST(Scenario, TellsEveryBadLineAtOnce) {
+  const ScenarioVerdict verdict = Play("dance\nwait 1\nwait\ntype \"x");
+  ASSERT_EQ(verdict.messages.size(), 3u);
+  EXPECT_EQ(verdict.messages[1].rfind("t.scn:3:", 0), 0u);
+  EXPECT_EQ(verdict.messages[2].rfind("t.scn:4:", 0), 0u);
+}
+
+TEST(Scenario, HoldsWhereEverythingIsAsExpected) {
+  const char* const kFiles[] = {
+      "",
+      "# nothing\n",
+      "expect client-running\nexpect client-enabled\nexpect ended",
+      "client 4.0 us not-running\nexpect client-ended",
+      "file C:\\Corvel\\a.txt \"one\\r\\n\"\nexpect file C:\\CORVEL\\A.TXT \"one\\r\\n\"\n"
+      "expect file-has C:\\Corvel\\a.txt one\nexpect no-file C:\\Corvel\\b.txt",
+      "setting \"Wav List\" Top 100\nsetting Fader One \"\"\n"
+      "expect setting \"Wav List\" top 100\nexpect setting Fader One \"\"\n"
+      "expect no-setting \"Wav List\" Left",
+      "room Lobby Ann\nwait 1\nsay Ann \"hi all\"\nexpect line-seen Ann \"hi all\"\n"
+      "type hello\nexpect input hello\nkey enter\nexpect line hello\nexpect no-line",
+      // What sets the scene may stand behind what needs the client.
+      "room Lobby\nwait 1\nnames Fred\nclient 5.0 uk\nstart\nexpect running",
+      "start\nwait 1\nexpect running\nclient-close\nwait 5\nexpect ended\nexpect client-ended",
+      "start\nwait 1\nexpect shown frmCV7\nclient-crash\nwait 3\nexpect ended",
+  };
+  for (const char* text : kFiles) {
+    const ScenarioVerdict verdict = Play(text);
+    EXPECT_EQ(verdict.exitCode, kHeld) << text << "\n" << FirstMessage(verdict);
+  }
+}
+
+TEST(Scenario, FailsWithWhatItExpectedAndWhatItGot) {
+  const std::pair<const char*, const char*> kFiles[] = {
+      {"expect running", "t.scn:1: expected running, got it has ended"},
+      {"\nexpect line \"a \\\"b\"", "t.scn:2: expected line \"a \\\"b\", got no line"},
+      {"room Lobby\nwait 1\ntype hi\nkey enter\nexpect line hello",
+       "t.scn:5: expected line \"hello\", got line \"hi\""},
+      {"room Lobby\nwait 1\ntype hi\nkey enter\nexpect no-line",
+       "t.scn:5: expected no-line, got line \"hi\""},
+      {"expect file C:\\a.txt \"\"",
+       "t.scn:1: expected file \"C:\\\\a.txt\" \"\", got no such file"},
+      {"expect shown frmTabs", "t.scn:1: expected shown \"frmTabs\", got it is not loaded"},
+      {"leave-room", "t.scn:1: expected to do leave-room, got no room is open"},
+      {"click frmTabs.cmdSend",
+       "t.scn:1: expected to click frmTabs.cmdSend, got no window frmTabs "
+       "is loaded"},
+      {"start\nwait 1\nmenu mnuWavs \"No Such Row\"",
+       "t.scn:3: expected to choose the row \"No Such Row\", got the menu has no row \"No Such "
+       "Row\""},
+      {"popup Anything",
+       "t.scn:1: expected to choose the row \"Anything\", got no pop-up menu is open"},
+  };
+  for (const auto& [text, message] : kFiles) {
+    const ScenarioVerdict verdict = Play(text);
+    EXPECT_EQ(verdict.exitCode, kFailed) << text;
+    EXPECT_EQ(FirstMessage(verdict), message) << text;
+  }
+}
+
+constexpr const char* kNoWavSelected =
+    "menu mnuWavs \"Wav List\"\nwait 1\nclick frmTabs.cmdSend\nwait 1\n";
+constexpr const char* kNoWavText =
+    "~B~CRNo wav selected!~B~CN~N ~NPlease choose a wav in the wav list box before attempting to "
+    "use thie feature!";
+
+TEST(Scenario, FailsForADialogThatNobodyNamed) {
+  const std::string text = std::string("start\nwait 1\n") + kNoWavSelected;
+  const ScenarioVerdict verdict = Play(text);
+  EXPECT_EQ(verdict.exitCode, kFailed);
+  EXPECT_EQ(FirstMessage(verdict),
+            "t.scn:5: expected no dialog, got \"" + std::string(kNoWavText) + "\"");
+}
+
+TEST(Scenario, HoldsForADialogThatIsNamedOrAnswered) {
+  const std::string begin = std::string("start\nwait 1\n");
+  EXPECT_EQ(Play(begin + kNoWavSelected + "expect message \"" + kNoWavText + "\"").exitCode, kHeld);
+  EXPECT_EQ(Play(begin + kNoWavSelected + "expect message-like \"No wav\"").exitCode, kHeld);
+  EXPECT_EQ(Play(begin + "answer OK\n" + kNoWavSelected).exitCode, kHeld);
+}
+
+// A client that hangs for good never says who is signed on.
+TEST(Scenario, IsStuckAfterTenMinutesInOneCommand) {
+  const ScenarioVerdict verdict = Play("client-hung on\nstart");
+  EXPECT_EQ(verdict.exitCode, kFailed);
+  EXPECT_EQ(FirstMessage(verdict), "t.scn:2: stuck in the wait IsAOLOnline");
+}
+
+TEST(Scenario, GivesTheSameTraceEachTime) {
+  const auto traceOf = [] {
+    std::vector<std::string> kinds;
+    ScenarioOptions options;
+    options.onEffect = [&](const desk::JournalEntry& entry) {
+      kinds.push_back(std::to_string(entry.at) + entry.kind);
+    };
+    PlayScenario("t.scn", "start\nroom Lobby Ann\nwait 2\ntype hi\nkey enter\nclient-close\nwait 9",
+                 {}, options);
+    return kinds;
+  };
+  const auto first = traceOf();
+  EXPECT_FALSE(first.empty());
+  EXPECT_EQ(first, traceOf());
+}
+
+}  // namespace
+}  // namespace corvel::tools

@@ -1,0 +1,214 @@
+// Answers to dialogs; see answers.h.
+#include "tools/answers.h"
+
+#include "base/text.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+namespace corvel::tools {
+namespace {
+
+using Control = desk::DeskPeers::ControlView;
+using desk::Prompt;
+
+bool IsButton(const Control& control) {
+  return control.state->visible && (control.state->kind == ControlKind::kButton ||
+                                    control.state->kind == ControlKind::kFlatButton);
+}
+
+// The button that reads so or, with nothing, the one that Enter presses.
+const Control* FindButton(const std::vector<Control>& controls,
+                          const std::optional<std::string>& caption) {
+  const Control* first = nullptr;
+  for (const Control& control : controls) {
+    if (!IsButton(control)) continue;
+    if (caption ? EqualNoCase(PlainCaption(control.state->text), *caption)
+                : control.state->isDefault)
+      return &control;
+    if (!first) first = &control;
+  }
+  return caption ? nullptr : first;
+}
+
+// The mark-up of a dialog's picture, else what its labels say.
+std::string TextOf(const std::vector<Control>& controls) {
+  std::string labels;
+  for (const Control& control : controls) {
+    if (control.state->kind == ControlKind::kPicture && !control.state->text.empty())
+      return control.state->text;
+    if (control.state->kind != ControlKind::kLabel || control.state->text.empty()) continue;
+    if (!labels.empty()) labels += ' ';
+    labels += control.state->text;
+  }
+  return labels;
+}
+
+// The system's plain box: its buttons by the low part of the style.
+struct PlainButton {
+  const char* caption;
+  int result;
+};
+constexpr PlainButton kOk{"OK", 1}, kCancel{"Cancel", 2}, kAbort{"Abort", 3}, kRetry{"Retry", 4},
+    kIgnore{"Ignore", 5}, kYes{"Yes", 6}, kNo{"No", 7}, kNone{nullptr, 0};
+constexpr PlainButton kPlainSets[][3] = {{kOk, kNone, kNone},       {kOk, kCancel, kNone},
+                                         {kAbort, kRetry, kIgnore}, {kYes, kNo, kCancel},
+                                         {kYes, kNo, kNone},        {kRetry, kCancel, kNone}};
+
+const PlainButton* PlainButtons(int style) {
+  const auto set = static_cast<std::size_t>(style & 0xF);
+  return kPlainSets[set < std::size(kPlainSets) ? set : 0];
+}
+
+const PlainButton& DefaultPlainButton(int style) {
+  const PlainButton& chosen = PlainButtons(style)[std::min(style >> 8 & 3, 2)];
+  return chosen.caption ? chosen : PlainButtons(style)[0];
+}
+
+template <class T>
+std::optional<std::optional<T>> Take(AnswerQueue<T>& queue) {
+  if (queue.empty()) return std::nullopt;
+  auto taken = std::move(queue.front());
+  queue.pop_front();
+  return taken;
+}
+
+}  // namespace
+
+const Answers::FormAnswer Answers::kForms[] = {{"frmMsg", &Answers::AnswerMessage},
+                                               {"frmReport", &Answers::AnswerMessage},
+                                               {"frmInpBox", &Answers::AnswerInput},
+                                               {"frmCMDialog", &Answers::AnswerFolder}};
+
+bool Answers::Act() {
+  if (!stage_.AnyProgramWaitsForUser()) return false;
+  auto& prompts = stage_.desk().Prompts();
+  if (!prompts.empty() && AnswerPrompt(*prompts.back())) return true;
+  const auto forms = stage_.desk().peers().Forms();
+  for (auto form = forms.rbegin(); form != forms.rend(); ++form) {
+    if (!form->state->visible) continue;
+    if (form->window == pressed_ && stage_.desk().NowMs() == pressedAt_) return false;
+    for (const FormAnswer& kind : kForms)
+      if (EqualNoCase(form->state->name, kind.form)) return (this->*kind.answer)(*form);
+  }
+  return false;
+}
+
+std::string Answers::TakeFailure() { return std::exchange(failure_, {}); }
+
+void Answers::Journal(std::string_view kind, const std::string& text, const std::string& answer,
+                      bool queued) {
+  stage_.desk().Note(kind, {text, answer});
+  if (!queued) unexpected.push_back({stage_.desk().journal().Entries().size() - 1, text, line});
+}
+
+std::optional<std::string> Answers::TakeButton() {
+  if (buttons.empty()) return std::nullopt;
+  std::string caption = std::move(buttons.front());
+  buttons.pop_front();
+  return caption;
+}
+
+void Answers::Press(const Form& form, const std::string& caption) {
+  const auto controls = stage_.desk().peers().ControlsOf(form.window);
+  const Control* const button = FindButton(controls, caption);
+  pressed_ = form.window;
+  pressedAt_ = stage_.desk().NowMs();
+  const std::string refusal =
+      button ? stage_.desk().peers().Click(button->window).refusal : "there is no such button";
+  if (!refusal.empty())
+    failure_ = "expected to answer " + caption + " in " + form.state->name + ", got " + refusal;
+}
+
+bool Answers::AnswerMessage(const Form& form) {
+  const auto controls = stage_.desk().peers().ControlsOf(form.window);
+  const auto queued = TakeButton();
+  const Control* const usual = FindButton(controls, std::nullopt);
+  const std::string caption = queued  ? *queued
+                              : usual ? PlainCaption(usual->state->text)
+                                      : std::string("Enter");
+  if (told_.insert(form.window).second)
+    Journal("message", TextOf(controls), caption, queued.has_value());
+  else
+    stage_.desk().Note("answer", {caption});
+  Press(form, caption);
+  return true;
+}
+
+bool Answers::AnswerInput(const Form& form) {
+  const auto queued = Take(inputs);
+  const std::optional<std::string> text = queued ? *queued : std::nullopt;
+  const auto controls = stage_.desk().peers().ControlsOf(form.window);
+  Journal("input-box", TextOf(controls), text ? *text : "Cancel", queued.has_value());
+  if (text) {
+    const auto box = stage_.desk().peers().FindControl(form.window, "txtInput", -1);
+    if (box) stage_.desk().peers().Type(box->window, *text);
+  }
+  Press(form, text ? "OK" : "Cancel");
+  return true;
+}
+
+// The folder chooser is a window like others, so it may also be played by hand: it is left alone
+// unless an answer is queued.
+bool Answers::AnswerFolder(const Form& form) {
+  const auto queued = Take(folders);
+  if (!queued) return false;
+  stage_.desk().Note("folder", {queued->value_or("Cancel")});
+  if (*queued) {
+    const auto box = stage_.desk().peers().FindControl(form.window, "txtPath", -1);
+    if (box) stage_.desk().peers().Type(box->window, **queued);
+  }
+  Press(form, *queued ? "OK" : "Cancel");
+  return true;
+}
+
+bool Answers::AnswerPrompt(Prompt& prompt) {
+  if (prompt.answered || prompt.kind == Prompt::Kind::kPopup) return false;
+  if (prompt.kind == Prompt::Kind::kPlainMessage)
+    AnswerPlainBox(prompt);
+  else if (prompt.kind == Prompt::Kind::kColor)
+    AnswerColorPrompt(prompt);
+  else
+    AnswerFilePrompt(prompt);
+  prompt.answered = true;
+  return true;
+}
+
+void Answers::AnswerFilePrompt(Prompt& prompt) {
+  auto queued = Take(files);
+  const bool save = prompt.kind == Prompt::Kind::kSaveFile;
+  if (!queued && save) {  // the save dialog also serves to choose a folder
+    queued = Take(folders);
+    if (queued && *queued) **queued += "\\path";
+  }
+  if (queued) prompt.path = *queued;
+  Journal(save ? "save-dialog" : "open-dialog", prompt.text, prompt.path.value_or("Cancel"),
+          queued.has_value());
+}
+
+void Answers::AnswerColorPrompt(Prompt& prompt) {
+  const auto queued = Take(colors);
+  if (queued) prompt.color = *queued;
+  Journal("color-dialog", prompt.text, prompt.color ? std::to_string(*prompt.color) : "Cancel",
+          queued.has_value());
+}
+
+void Answers::AnswerPlainBox(Prompt& prompt) {
+  const auto queued = TakeButton();
+  const PlainButton* chosen = &DefaultPlainButton(prompt.style);
+  if (queued) {
+    const PlainButton* const set = PlainButtons(prompt.style);
+    const PlainButton* const named = std::find_if(set, set + 3, [&](const PlainButton& button) {
+      return button.caption && EqualNoCase(button.caption, *queued);
+    });
+    if (named != set + 3)
+      chosen = named;
+    else
+      failure_ = "expected to answer " + *queued + " in a plain box, got there is no such button";
+  }
+  prompt.button = chosen->result;
+  Journal("message", prompt.text, chosen->caption, queued.has_value());
+}
+
+}  // namespace corvel::tools

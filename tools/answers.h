@@ -1,0 +1,70 @@
+// Answers to dialogs: what the scenario has queued, and what the user does with a dialog that comes
+// with nothing queued.
+#pragma once
+
+#include "tools/user.h"
+
+#include <cstdint>
+#include <deque>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace corvel::tools {
+
+// Nothing is Cancel.
+template <class T>
+using AnswerQueue = std::deque<std::optional<T>>;
+
+class Answers {
+ public:
+  explicit Answers(Stage& stage) : stage_(stage) {}
+
+  std::deque<std::string> buttons;  // captions, for message boxes
+  AnswerQueue<std::string> inputs, files, folders;
+  AnswerQueue<Color> colors;
+
+  // Answers the dialog that waits in front, if any. True: it did something.
+  bool Act();
+  // Told once: why a queued answer could not be given.
+  std::string TakeFailure();
+
+  // A dialog that came with nothing queued: where it stands in the journal.
+  struct Unexpected {
+    std::size_t entry;
+    std::string text;
+    int line = 0;
+  };
+  std::vector<Unexpected> unexpected;
+  int line = 0;  // of the command under way
+
+ private:
+  using Form = desk::DeskPeers::FormView;
+  using Control = desk::DeskPeers::ControlView;
+  struct FormAnswer {
+    const char* form;
+    bool (Answers::*answer)(const Form& form);
+  };
+  static const FormAnswer kForms[];
+
+  bool AnswerPrompt(desk::Prompt& prompt);
+  void AnswerFilePrompt(desk::Prompt& prompt);
+  void AnswerColorPrompt(desk::Prompt& prompt);
+  void AnswerPlainBox(desk::Prompt& prompt);
+  bool AnswerMessage(const Form& form);
+  bool AnswerInput(const Form& form);
+  bool AnswerFolder(const Form& form);
+  void Journal(std::string_view kind, const std::string& text, const std::string& answer,
+               bool queued);
+  std::optional<std::string> TakeButton();
+  void Press(const Form& form, const std::string& caption);
+
+  Stage& stage_;
+  std::set<Window> told_;  // message boxes that are in the journal already
+  std::string failure_;
+  Window pressed_{};  // a pressed dialog goes when its program has seen it: let time pass first
+  std::int64_t pressedAt_ = -1;
+};
+
+}  // namespace corvel::tools

@@ -1,0 +1,338 @@
+// Expectations of a scenario; see expectations.h.
+#include "tools/expectations.h"
+
+#include "base/text.h"
+#include "core/settings_store.h"
+#include "platform/desk/desk_services.h"
+#include "platform/desk/desk_windows.h"
+#include "practice/practice_client.h"
+#include "tools/answers.h"
+
+#include <algorithm>
+
+namespace corvel::tools {
+namespace {
+
+constexpr std::size_t kAny = 1000;
+
+std::string Spoken(const std::vector<std::string>& words, bool firstIsBare) {
+  std::string text;
+  for (std::size_t i = 0; i < words.size(); ++i) {
+    if (i > 0) text += ' ';
+    text += i == 0 && firstIsBare ? words[i] : Quoted(words[i]);
+  }
+  return text;
+}
+
+std::string Failed(const Words& words, const std::string& got) {
+  return "expected " + Spoken(words.From(1), true) + ", got " + got;
+}
+
+std::string ListOf(const std::vector<std::string>& items) {
+  return items.empty() ? "nothing" : Spoken(items, false);
+}
+
+// The journal gives a message with the answer that it got; only its text is compared.
+std::vector<std::string> Compared(const desk::JournalEntry& entry) {
+  const bool withAnswer = entry.kind == "message" || entry.kind == "input-box";
+  return withAnswer && entry.words.size() > 1 ? std::vector{entry.words[0]} : entry.words;
+}
+
+std::string SettingOf(Stage& stage, const Words& words, bool& there) {
+  const SettingsStore store(stage.desk().registry());
+  const auto names = store.Names(words[2]);
+  there = names && std::any_of(names->begin(), names->end(), [&](const std::string& name) {
+            return EqualNoCase(name, words[3]);
+          });
+  return there ? store.ReadKey(words[2], words[3]) : "";
+}
+
+}  // namespace
+
+using E = Expectations;
+
+std::span<const E::Form> E::Table() {
+  static const Form kTable[] = {
+      {"line", "line \"TEXT\"", 1, 1, &E::InOrder},
+      {"no-line", "no-line", 0, 0, &E::NoMore},
+      {"line-seen", "line-seen PERSON \"TEXT\"", 2, 2, &E::LineSeen},
+      {"message", "message \"TEXT\"", 1, 1, &E::Message},
+      {"message-like", "message-like \"TEXT\"", 1, 1, &E::Message},
+      {"no-message", "no-message", 0, 0, &E::NoMore},
+      {"sound", "sound \"PATH\"", 1, 1, &E::PathInOrder},
+      {"no-sound", "no-sound", 0, 0, &E::NoMore},
+      {"sound-stopped", "sound-stopped", 0, 0, &E::InOrder},
+      {"keyword", "keyword \"TARGET\"", 1, 1, &E::InOrder},
+      {"no-keyword", "no-keyword", 0, 0, &E::NoMore},
+      {"im-sent", "im-sent PERSON \"TEXT\"", 2, 2, &E::InOrder},
+      {"mail", "mail to|subject|body|attached|body-has \"TEXT\"", 2, 2, &E::Mail},
+      {"opened", "opened \"TARGET\"", 1, 1, &E::InOrder},
+      {"help", "help \"FILE\" \"TOPIC\"", 2, 2, &E::PathInOrder},
+      {"setting", "setting \"SECTION\" \"NAME\" \"VALUE\"", 3, 3, &E::Setting},
+      {"no-setting", "no-setting \"SECTION\" \"NAME\"", 2, 2, &E::NoSetting},
+      {"file", "file PATH \"CONTENT\"", 2, 2, &E::FileIs},
+      {"file-has", "file-has PATH \"TEXT\"", 2, 2, &E::FileHas},
+      {"no-file", "no-file PATH", 1, 1, &E::NoFile},
+      {"recycled", "recycled PATH", 1, 1, &E::Recycled},
+      {"shown", "shown FORM", 1, 1, &E::Shown},
+      {"hidden", "hidden FORM", 1, 1, &E::Shown},
+      {"value", "value FORM.CONTROL \"TEXT\"", 2, 2, &E::Value},
+      {"items", "items FORM.CONTROL \"ITEM\"...", 1, kAny, &E::Items},
+      {"enabled", "enabled FORM.CONTROL", 1, 1, &E::Enabled},
+      {"disabled", "disabled FORM.CONTROL", 1, 1, &E::Enabled},
+      {"tip", "tip FORM.CONTROL \"TEXT\"", 2, 2, &E::Tip},
+      {"popup", "popup \"ROW\"...", 0, kAny, &E::Popup},
+      {"input", "input \"TEXT\"", 1, 1, &E::Input},
+      {"im", "im PERSON has \"TEXT\" | open | closed", 2, 3, &E::Im},
+      {"client-menu", "client-menu \"CAPTION\"", 1, 1, &E::ClientMenu},
+      {"no-client-menu", "no-client-menu \"CAPTION\"", 1, 1, &E::ClientMenu},
+      {"hooked", "hooked N", 1, 1, &E::Hooked},
+      {"tray-icon", "tray-icon", 0, 0, &E::Tray},
+      {"no-tray-icon", "no-tray-icon", 0, 0, &E::Tray},
+      {"running", "running", 0, 0, &E::Running},
+      {"ended", "ended", 0, 0, &E::Running},
+      {"client-running", "client-running", 0, 0, &E::ClientRunning},
+      {"client-ended", "client-ended", 0, 0, &E::ClientRunning},
+      {"client-enabled", "client-enabled", 0, 0, &E::ClientEnabled},
+      {"client-disabled", "client-disabled", 0, 0, &E::ClientEnabled},
+  };
+  return kTable;
+}
+
+const E::Form* E::Find(std::string_view word) {
+  for (const Form& form : Table())
+    if (word == form.word) return &form;
+  return nullptr;
+}
+
+std::string E::Check(const Words& words) { return (this->*Find(words[1])->check)(words); }
+
+E::Verdict E::AtEnd() {
+  for (const auto& dialog : answers_.unexpected)
+    if (std::find(named_.begin(), named_.end(), dialog.entry) == named_.end())
+      return {"expected no dialog, got " + Quoted(dialog.text), dialog.line};
+  const auto left = stage_.desk().LeftOpen(0);
+  if (!left.empty()) return {"expected nothing left open, got " + left.front(), 0};
+  return {};
+}
+
+// --- What happens in order -----------------------------------------------------------------------
+
+// The next unused entry of one of these kinds, which share one count under the first's name.
+const desk::JournalEntry* E::NextOf(std::initializer_list<std::string_view> kinds) {
+  const auto& entries = stage_.desk().journal().Entries();
+  std::size_t& next = used_.try_emplace(std::string(*kinds.begin())).first->second;
+  for (; next < entries.size(); ++next)
+    if (std::find(kinds.begin(), kinds.end(), entries[next].kind) != kinds.end())
+      return &entries[next++];
+  return nullptr;
+}
+
+std::string E::Happened(const Words& words, bool pathText) {
+  const Entry* const entry = NextOf({words[1]});
+  if (!entry) return Failed(words, "no " + words[1]);
+  const auto got = Compared(*entry), wanted = words.From(2);
+  const bool same = std::equal(got.begin(), got.end(), wanted.begin(), wanted.end(),
+                               [&](const std::string& a, const std::string& b) {
+                                 return pathText ? EqualNoCase(a, b) : a == b;
+                               });
+  return same ? "" : Failed(words, words[1] + " " + ListOf(got));
+}
+
+std::string E::InOrder(const Words& words) { return Happened(words, false); }
+std::string E::PathInOrder(const Words& words) { return Happened(words, true); }
+
+// An input box's text may be named like a message, but is passed over if it isn't.
+std::string E::Message(const Words& words) {
+  const bool whole = words[1] == "message";
+  while (const Entry* const entry = NextOf({"message", "input-box"})) {
+    const std::string& got = entry->words[0];
+    const bool holds = whole ? got == words[2] : got.find(words[2]) != std::string::npos;
+    if (!holds && entry->kind == "input-box") continue;
+    if (!holds) return Failed(words, "message " + Quoted(got));
+    named_.push_back(static_cast<std::size_t>(entry - stage_.desk().journal().Entries().data()));
+    return {};
+  }
+  return Failed(words, "no message");
+}
+
+std::string E::NoMore(const Words& words) {
+  const std::string kind = words[1].substr(3);
+  const Entry* const entry = NextOf({kind});
+  return entry ? Failed(words, kind + " " + ListOf(Compared(*entry))) : "";
+}
+
+std::string E::Recycled(const Words& words) {
+  for (const Entry& entry : stage_.desk().journal().Entries())
+    if (entry.kind == "recycled" && EqualNoCase(entry.words[0], words[2])) return {};
+  return Failed(words, "it was not recycled");
+}
+
+// --- What stands now -----------------------------------------------------------------------------
+
+std::string E::Same(const Words& words, const std::string& got, const std::string& wanted) {
+  return got == wanted ? "" : Failed(words, Quoted(got));
+}
+
+std::string E::Flag(const Words& words, bool holds, const std::string& otherwise) {
+  return holds ? "" : Failed(words, otherwise);
+}
+
+std::string E::Setting(const Words& words) {
+  bool there = false;
+  const std::string got = SettingOf(stage_, words, there);
+  if (!there) return Failed(words, "no such setting");
+  // The tree can't hold an empty value: a blank stands for it.
+  return got == " " && words[4].empty() ? "" : Same(words, got, words[4]);
+}
+
+std::string E::NoSetting(const Words& words) {
+  bool there = false;
+  const std::string got = SettingOf(stage_, words, there);
+  return Flag(words, !there, Quoted(got));
+}
+
+std::string E::FileIs(const Words& words) {
+  const auto bytes = stage_.desk().files().Peek(words[2]);
+  return bytes ? Same(words, *bytes, words[3]) : Failed(words, "no such file");
+}
+
+std::string E::FileHas(const Words& words) {
+  const auto bytes = stage_.desk().files().Peek(words[2]);
+  if (!bytes) return Failed(words, "no such file");
+  return Flag(words, bytes->find(words[3]) != std::string::npos, Quoted(*bytes));
+}
+
+std::string E::NoFile(const Words& words) {
+  return Flag(words, !stage_.desk().files().Peek(words[2]), "the file is there");
+}
+
+std::string E::Shown(const Words& words) {
+  const auto form = user_.FindForm(words[2]);
+  const bool shown = form && form->state->visible;
+  return Flag(words, shown == (words[1] == "shown"),
+              shown  ? "it is shown"
+              : form ? "it is loaded, but hidden"
+                     : "it is not loaded");
+}
+
+std::string E::OfControl(const Words& words,
+                         std::string (*judge)(const ControlState&, const Words&)) {
+  std::string why;
+  const auto control = user_.FindControl(words[2], why);
+  return control ? judge(*control->state, words) : Failed(words, why);
+}
+
+std::string E::Value(const Words& words) {
+  if (words[2].find('.') == std::string::npos) {  // a window's own caption
+    const auto form = user_.FindForm(words[2]);
+    return form ? Same(words, form->state->caption, words[3]) : Failed(words, "it is not loaded");
+  }
+  return OfControl(words, [](const ControlState& state, const Words& asked) {
+    const std::string got = ValueOf(state);
+    return got == asked[3] ? "" : Failed(asked, Quoted(got));
+  });
+}
+
+std::string E::Items(const Words& words) {
+  return OfControl(words, [](const ControlState& state, const Words& asked) {
+    return state.items == asked.From(3) ? "" : Failed(asked, ListOf(state.items));
+  });
+}
+
+std::string E::Enabled(const Words& words) {
+  return OfControl(words, [](const ControlState& state, const Words& asked) {
+    const bool same = state.enabled == (asked[1] == "enabled");
+    return same ? "" : Failed(asked, state.enabled ? "it is enabled" : "it is disabled");
+  });
+}
+
+std::string E::Tip(const Words& words) {
+  return OfControl(words, [](const ControlState& state, const Words& asked) {
+    return state.toolTip == asked[3] ? "" : Failed(asked, Quoted(state.toolTip));
+  });
+}
+
+std::string E::Popup(const Words& words) {
+  const auto rows = user_.PopupRows();
+  return Flag(words, rows == words.From(2), ListOf(rows));
+}
+
+// --- What the client says ------------------------------------------------------------------------
+
+std::string E::Ask(const std::vector<std::string>& question, std::string& why) {
+  practice::PracticeClient* const client = stage_.Client();
+  practice::Reply reply{"the client is not running", {}};
+  if (client) stage_.desk().RunAs(stage_.ClientProcess(), [&] { reply = client->Ask(question); });
+  why = reply.error;
+  return reply.answers.empty() ? "" : reply.answers.front();
+}
+
+std::string E::LineSeen(const Words& words) {
+  std::string why;
+  const bool seen = Ask({"line-seen", words[2], words[3]}, why) == "1";
+  if (seen) return {};
+  return Failed(words, why.empty() ? "no such line" : why);
+}
+
+std::string E::Mail(const Words& words) {
+  const bool part = words[2] == "body-has";
+  std::string why;
+  const std::string got = Ask({"mail", part ? "body" : words[2]}, why);
+  if (!why.empty()) return Failed(words, why);
+  return Flag(words, part ? got.find(words[3]) != std::string::npos : got == words[3], Quoted(got));
+}
+
+std::string E::Input(const Words& words) {
+  std::string why;
+  const std::string got = Ask({"input"}, why);
+  return why.empty() ? Same(words, got, words[2]) : Failed(words, why);
+}
+
+std::string E::Im(const Words& words) {
+  std::string why;
+  if (words[3] == "has") {
+    const std::string got = Ask({"im", words[2], "text"}, why);
+    if (!why.empty()) return Failed(words, why);
+    return Flag(words, got.find(words[4]) != std::string::npos, Quoted(got));
+  }
+  const bool open = Ask({"im", words[2], "open"}, why) == "1";
+  return Flag(words, open == (words[3] == "open"), open ? "it is open" : "it is not open");
+}
+
+std::string E::ClientMenu(const Words& words) {
+  std::string why;
+  const bool there = Ask({"menu", words[2]}, why) == "1";
+  if (!why.empty()) return Failed(words, why);
+  return Flag(words, there == (words[1] == "client-menu"), there ? "the row" : "no such row");
+}
+
+std::string E::Hooked(const Words& words) {
+  return Same(words, std::to_string(stage_.desk().windows().HookCount()), words[2]);
+}
+
+std::string E::Tray(const Words& words) {
+  const bool there = !stage_.desk().services().TrayIcons().empty();
+  return Flag(words, there == (words[1] == "tray-icon"), there ? "a tray icon" : "no tray icon");
+}
+
+std::string E::Running(const Words& words) {
+  const bool runs = stage_.Program() != 0;
+  return Flag(words, runs == (words[1] == "running"), runs ? "it is running" : "it has ended");
+}
+
+std::string E::ClientRunning(const Words& words) {
+  const bool runs = stage_.ClientProcess() != 0;
+  return Flag(words, runs == (words[1] == "client-running"),
+              runs ? "it is running" : "it has ended");
+}
+
+std::string E::ClientEnabled(const Words& words) {
+  practice::PracticeClient* const client = stage_.Client();
+  if (!client) return Failed(words, "the client is not running");
+  const bool enabled = stage_.desk().windows().IsEnabled(client->Frame());
+  return Flag(words, enabled == (words[1] == "client-enabled"),
+              enabled ? "it is enabled" : "it is disabled");
+}
+
+}  // namespace corvel::tools

@@ -1,0 +1,241 @@
+// The commands for the user in the program: menus, controls, and answers to dialogs.
+#include "base/text.h"
+#include "platform/desk/desk_services.h"
+#include "tools/scenario_commands.h"
+
+#include <charconv>
+#include <utility>
+
+namespace corvel::tools {
+namespace {
+
+using Done = desk::DeskPeers::Done;
+using Control = desk::DeskPeers::ControlView;
+
+constexpr LParam kMouseDoubleClick = 0x0203, kMouseRightUp = 0x0205;
+
+desk::DeskPeers& Peers(Play& play) { return play.stage.desk().peers(); }
+
+// Finds the control that words[1] names and does something to it.
+template <class Deed>
+Failure AtControl(Play& play, const Words& words, const Deed& deed) {
+  std::string why;
+  const auto control = play.user.FindControl(words[1], why);
+  const std::string what = words[0] + " " + words[1];
+  if (!control) return "expected to " + what + ", got " + why;
+  return play.Did(deed(*control), what);
+}
+
+std::string CheckControl(const Words& words) {
+  const auto name = ParseControlName(words[1]);
+  return name && !name->control.empty() ? "" : "FORM.CONTROL is wanted";
+}
+
+// --- Menus ---------------------------------------------------------------------------------------
+
+struct ToolbarMenu {
+  const char* menu;
+  const char* button;
+  bool rightClick;
+};
+constexpr ToolbarMenu kToolbar[] = {{"mnuMenu", "cmdMenu", false},
+                                    {"mnuWavs", "cmdWavs", false},
+                                    {"mnuIMs", "cmdIMs", false},
+                                    {"mnuHotWords", "cmdPeople", false},
+                                    {"mnuEditor", "cmdHugs", true}};
+
+const ToolbarMenu* FindToolbarMenu(const std::string& name) {
+  for (const ToolbarMenu& menu : kToolbar)
+    if (EqualNoCase(name, menu.menu)) return &menu;
+  return nullptr;
+}
+
+std::string CheckMenu(const Words& words) {
+  return FindToolbarMenu(words[1]) ? ""
+                                   : "the menus are mnuMenu, mnuWavs, mnuIMs, mnuHotWords and "
+                                     "mnuEditor";
+}
+
+// Chooses rows of the pop-up as soon as it is open; one that lacks them is put away again.
+void ThenChoose(Play& play, std::vector<std::string> path) {
+  play.Then([&play, path = std::move(path)]() -> Failure {
+    const std::string why = play.user.Choose(path);
+    if (why.empty()) return {};
+    play.user.DismissPopup();
+    return "expected to choose the row \"" + path.back() + "\", got " + why;
+  });
+}
+
+Failure PlayMenu(Play& play, const Words& words) {
+  const ToolbarMenu& menu = *FindToolbarMenu(words[1]);
+  std::string why;
+  const auto button = play.user.FindControl("frmCV7." + std::string(menu.button), why);
+  if (!button) return "expected to open " + words[1] + ", got " + why;
+  const Done done =
+      menu.rightClick ? Peers(play).RightClick(button->window) : Peers(play).Click(button->window);
+  ThenChoose(play, words.From(2));
+  return play.Did(done, "open " + words[1]);
+}
+
+// The icon's message is posted, and its owner acts on it a little later.
+Failure PlayTrayMouse(Play& play, LParam mouse) {
+  if (!play.stage.desk().services().TrayMouse(mouse))
+    return "expected to click the tray icon, got there is none";
+  play.SleepFor(100);
+  return {};
+}
+
+Failure PlayTray(Play& play, const Words& words) {
+  ThenChoose(play, words.From(1));
+  return PlayTrayMouse(play, kMouseRightUp);
+}
+
+Failure PlayTrayDoubleClick(Play& play, const Words&) {
+  return PlayTrayMouse(play, kMouseDoubleClick);
+}
+
+Failure PlayPopup(Play& play, const Words& words) {
+  ThenChoose(play, words.From(1));
+  return {};
+}
+
+// --- Controls ------------------------------------------------------------------------------------
+
+Failure PlayClick(Play& play, const Words& words) {
+  return AtControl(play, words, [&](const Control& at) { return Peers(play).Click(at.window); });
+}
+
+Failure PlayRightClick(Play& play, const Words& words) {
+  return AtControl(play, words,
+                   [&](const Control& at) { return Peers(play).RightClick(at.window); });
+}
+
+Failure SelectRow(Play& play, const Words& words, const std::string& item, bool keepMarked) {
+  std::string why;
+  const auto control = play.user.FindControl(words[1], why);
+  const std::string what = "select \"" + item + "\" in " + words[1];
+  if (!control) return "expected to " + what + ", got " + why;
+  const int row = User::FindRow(*control->state, item);
+  if (row < 0) return "expected to " + what + ", got no such row";
+  return play.Did(Peers(play).Select(control->window, row, keepMarked), what);
+}
+
+Failure PlaySelect(Play& play, const Words& words) {
+  for (std::size_t i = 3; i < words.size(); ++i)
+    play.Then([&play, words, i] { return SelectRow(play, words, words[i], true); });
+  return SelectRow(play, words, words[2], false);
+}
+
+Failure DoubleClickNow(Play& play, const Words& words) {
+  return AtControl(play, words,
+                   [&](const Control& at) { return Peers(play).DoubleClick(at.window); });
+}
+
+Failure PlayDoubleClick(Play& play, const Words& words) {
+  if (words.size() == 2) return DoubleClickNow(play, words);
+  play.Then([&play, words] { return DoubleClickNow(play, words); });
+  return SelectRow(play, words, words[2], false);
+}
+
+Failure PlaySet(Play& play, const Words& words) {
+  return AtControl(play, words,
+                   [&](const Control& at) { return Peers(play).Type(at.window, words[2]); });
+}
+
+Failure PlayTypeInto(Play& play, const Words& words) {
+  for (const char c : words[2])
+    play.Then([&play, words, c] {
+      return AtControl(play, words, [&](const Control& at) {
+        return Peers(play).Type(at.window, at.state->text + c);
+      });
+    });
+  return {};
+}
+
+std::string CheckCheck(const Words& words) {
+  if (!words.IsBare(2, "on") && !words.IsBare(2, "off")) return "it is on or off";
+  return CheckControl(words);
+}
+
+Failure PlayCheck(Play& play, const Words& words) {
+  return AtControl(play, words, [&](const Control& at) {
+    const bool asWanted = (at.state->value != 0) == (words[2] == "on");
+    return asWanted ? Done{} : Peers(play).Click(at.window);
+  });
+}
+
+std::string CheckKeyIn(const Words& words) {
+  return ParseKey(words[2]) ? CheckControl(words) : "no such key";
+}
+
+Failure PlayKeyIn(Play& play, const Words& words) {
+  return AtControl(play, words, [&](const Control& at) {
+    return Peers(play).Press(at.window, *ParseKey(words[2]));
+  });
+}
+
+Failure PlayClose(Play& play, const Words& words) {
+  const auto form = play.user.FindForm(words[1]);
+  if (!form) return "expected to close " + words[1] + ", got it is not loaded";
+  return play.Did(Peers(play).Close(form->window), "close " + words[1]);
+}
+
+// --- Answers -------------------------------------------------------------------------------------
+
+Failure PlayAnswer(Play& play, const Words& words) {
+  play.answers.buttons.push_back(words[1]);
+  return {};
+}
+
+template <AnswerQueue<std::string> Answers::*kQueue>
+Failure PlayTextAnswer(Play& play, const Words& words) {
+  const bool cancel = words.IsBare(1, "cancel");
+  (play.answers.*kQueue).push_back(cancel ? std::nullopt : std::optional(words[1]));
+  return {};
+}
+
+std::optional<Color> ParseColor(const std::string& word) {
+  Color color = 0;
+  const char* const last = word.data() + word.size();
+  const auto [end, error] = std::from_chars(word.data(), last, color);
+  return error == std::errc() && end == last ? std::optional(color) : std::nullopt;
+}
+
+std::string CheckColor(const Words& words) {
+  return words.IsBare(1, "cancel") || ParseColor(words[1]) ? "" : "a number or cancel is wanted";
+}
+
+Failure PlayColorAnswer(Play& play, const Words& words) {
+  play.answers.colors.push_back(ParseColor(words[1]));
+  return {};
+}
+
+constexpr Command kProgramCommands[] = {
+    {"menu", "MENU \"ROW\" [\"ROW\"]", 2, 3, When::kRun, PlayMenu, CheckMenu},
+    {"tray", "\"ROW\" [\"ROW\"]", 1, 2, When::kRun, PlayTray},
+    {"tray-dblclick", "", 0, 0, When::kRun, PlayTrayDoubleClick},
+    {"popup", "\"ROW\" [\"ROW\"]", 1, 2, When::kRun, PlayPopup, nullptr, true},
+    {"click", "FORM.CONTROL", 1, 1, When::kRun, PlayClick, CheckControl},
+    {"dblclick", "FORM.CONTROL [\"ITEM\"]", 1, 2, When::kRun, PlayDoubleClick, CheckControl},
+    {"right-click-on", "FORM.CONTROL", 1, 1, When::kRun, PlayRightClick, CheckControl},
+    {"select", "FORM.CONTROL \"ITEM\"...", 2, kAnyNumber, When::kRun, PlaySelect, CheckControl},
+    {"set", "FORM.CONTROL \"TEXT\"", 2, 2, When::kRun, PlaySet, CheckControl},
+    {"check", "FORM.CONTROL on|off", 2, 2, When::kRun, PlayCheck, CheckCheck},
+    {"key-in", "FORM.CONTROL KEY", 2, 2, When::kRun, PlayKeyIn, CheckKeyIn},
+    {"type-into", "FORM.CONTROL \"TEXT\"", 2, 2, When::kRun, PlayTypeInto, CheckControl},
+    {"close", "FORM", 1, 1, When::kRun, PlayClose},
+    {"answer", "BUTTON", 1, 1, When::kAnyTime, PlayAnswer, nullptr, true},
+    {"answer-input", "\"TEXT\"|cancel", 1, 1, When::kAnyTime, PlayTextAnswer<&Answers::inputs>,
+     nullptr, true},
+    {"answer-file", "\"PATH\"|cancel", 1, 1, When::kAnyTime, PlayTextAnswer<&Answers::files>,
+     nullptr, true},
+    {"answer-folder", "\"PATH\"|cancel", 1, 1, When::kAnyTime, PlayTextAnswer<&Answers::folders>,
+     nullptr, true},
+    {"answer-color", "NUMBER|cancel", 1, 1, When::kAnyTime, PlayColorAnswer, CheckColor, true},
+};
+
+}  // namespace
+
+std::span<const Command> ProgramCommands() { return kProgramCommands; }
+
+}  // namespace corvel::tools

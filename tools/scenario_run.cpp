@@ -1,0 +1,120 @@
+// One run of a scenario; see scenario_run.h.
+#include "tools/scenario_run.h"
+
+#include <utility>
+
+namespace corvel::tools {
+namespace {
+
+constexpr std::int64_t kStuckAfterMs = 10 * 60 * 1000;
+
+// A command may ask the client, and the client may let events happen: no command begins inside.
+class ActingScope {
+ public:
+  explicit ActingScope(bool& acting) : acting_(acting) { acting_ = true; }
+  ~ActingScope() { acting_ = false; }
+  ActingScope(const ActingScope&) = delete;
+
+ private:
+  bool& acting_;
+};
+
+}  // namespace
+
+ScenarioRun::ScenarioRun(ScenarioSource& source, std::uint64_t seed)
+    : source_(source), play_(seed) {}
+
+ScenarioRun::~ScenarioRun() { desk().SetAgent(nullptr); }
+
+void ScenarioRun::Run() {
+  desk().SetAgent(this);
+  while (!over_) desk().Round(desk().NowMs() + 1000);
+  desk().SetAgent(nullptr);
+}
+
+bool ScenarioRun::Act() {
+  if (over_ || acting_) return false;
+  const ActingScope scope(acting_);
+  idle_ = false;
+  ActNow();
+  return !idle_;
+}
+
+std::optional<std::int64_t> ScenarioRun::NextActAt() {
+  if (over_) return std::nullopt;
+  const std::int64_t wake = play_.WakeAt();
+  return wake > play_.stage.desk().NowMs() ? wake : begunAt_ + kStuckAfterMs + 1;
+}
+
+void ScenarioRun::ActNow() {
+  if (play_.answers.Act()) {
+    Report(play_.answers.TakeFailure(), line_);
+  } else if (!play_.IsSettled()) {
+    idle_ = true;
+    CheckStuck();
+  } else if (play_.HasSteps()) {
+    begunAt_ = desk().NowMs();
+    Report(play_.RunStep(), line_);
+  } else if (auto line = held_ ? std::exchange(held_, std::nullopt) : source_.Next()) {
+    Begin(*line);
+  } else {
+    Finish();
+  }
+}
+
+void ScenarioRun::Begin(const ScenarioLine& line) {
+  line_ = play_.answers.line = line.number;
+  begunAt_ = desk().NowMs();
+  const Command& command = *FindCommand(line.words[0]);
+  if (!MakeReady(command))
+    held_ = line;
+  else if (command.when == When::kScene && play_.stage.HasClient())
+    Report("expected " + line.words[0] + " before the start, got it behind", line_);
+  else
+    Report(command.play(play_, line.words), line_);
+}
+
+// False: the command has to wait for what has been set going here.
+bool ScenarioRun::MakeReady(const Command& command) {
+  if (command.when == When::kRun && !play_.stage.HasClient()) {
+    play_.stage.PutClient();
+    play_.SleepFor(play_.stage.StandMs());
+    return false;
+  }
+  if (command.keepsPopup || !play_.user.OpenPopup()) return true;
+  play_.user.DismissPopup();
+  return false;
+}
+
+void ScenarioRun::CheckStuck() {
+  const std::int64_t now = desk().NowMs();
+  if (now < play_.WakeAt() || now - begunAt_ <= kStuckAfterMs) return;
+  const auto& pumps = desk().Pumps();
+  const std::string where =
+      pumps.empty() ? "no wait of the program" : "the wait " + std::string(pumps.back().wait.name);
+  source_.Fail(line_, "stuck in " + where);
+  End();
+}
+
+void ScenarioRun::Report(const Failure& failure, int line) {
+  if (failure.empty()) return;
+  play_.DropSteps();
+  if (!source_.Fail(line, failure)) End();
+}
+
+void ScenarioRun::Finish() {
+  const auto verdict = play_.expectations.AtEnd();
+  if (!verdict.failure.empty())
+    source_.Fail(verdict.line != 0 ? verdict.line : line_, verdict.failure);
+  End();
+}
+
+// Calls that still stand on the stack unwind when they come back to a wait. What the end of the
+// processes brings about is no effect of the scenario's.
+void ScenarioRun::End() {
+  over_ = true;
+  desk().journal().Listen(nullptr);
+  play_.stage.EndAll();
+}
+
+}  // namespace corvel::tools

@@ -1,0 +1,54 @@
+// One run of a scenario on a fresh desk.
+#pragma once
+
+#include "tools/play.h"
+#include "tools/scenario_commands.h"
+#include "tools/scenario_file.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace corvel::tools {
+
+// Where the commands come from, and who is told what goes wrong.
+class ScenarioSource {
+ public:
+  virtual ~ScenarioSource() = default;
+  // The next command, which CheckCommand has found good; nothing at the end. May block.
+  virtual std::optional<ScenarioLine> Next() = 0;
+  // Something was not as expected. True: go on with the next command.
+  virtual bool Fail(int line, const Failure& failure) = 0;
+};
+
+class ScenarioRun : public desk::Agent {
+ public:
+  ScenarioRun(ScenarioSource& source, std::uint64_t seed);
+  ~ScenarioRun() override;
+
+  desk::Desk& desk() { return play_.stage.desk(); }
+  // Plays until the source has no more commands or wants no more; ends all processes.
+  void Run();
+
+  bool Act() override;
+  std::optional<std::int64_t> NextActAt() override;
+
+ private:
+  void ActNow();
+  void Begin(const ScenarioLine& line);
+  bool MakeReady(const Command& command);
+  void CheckStuck();
+  void Report(const Failure& failure, int line);
+  void Finish();
+  void End();
+
+  ScenarioSource& source_;
+  Play play_;
+  std::optional<ScenarioLine> held_;  // a command that waits until the stage is ready for it
+  int line_ = 0;
+  std::int64_t begunAt_ = 0;
+  bool acting_ = false, over_ = false;
+  bool idle_ = false;  // the last Act had nothing to do
+};
+
+}  // namespace corvel::tools

@@ -1,0 +1,64 @@
+// The soak: a random user at a random client on one desk for virtual hours, with slow windows, a
+// client that dies or hangs, and a drive that fails.
+#pragma once
+
+#include "tools/play.h"
+#include "tools/soak_checks.h"
+#include "tools/soak_user.h"
+
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace corvel::tools {
+
+class Soak : public desk::Agent {
+ public:
+  explicit Soak(std::uint64_t seed);
+  ~Soak() override;
+
+  // Told each effect as it comes.
+  void OnEffect(std::function<void(const desk::JournalEntry&)> hear) {
+    onEffect_ = std::move(hear);
+  }
+  // Plays for so long, then lets the program end. What went wrong, or "".
+  std::string Run(double hours);
+
+  double HoursPlayed() { return static_cast<double>(play_.stage.desk().NowMs()) / 3.6e6; }
+  int Deeds() const { return deeds_; }
+  int Lives() const { return lives_; }
+  // The last effects before now, as in a trace.
+  std::vector<std::string> LastEffects() const;
+
+  bool Act() override;
+  std::optional<std::int64_t> NextActAt() override { return actAt_; }
+
+ private:
+  void Hear(const desk::JournalEntry& entry);
+  void Step();
+  bool BringUp();
+  void AnswerDialogs();
+  void Do(const Words& words);
+  void ReleaseLater();
+  void Ending();
+  void NoteClient();
+  void Fail(const std::string& why);
+  void End();
+  std::int64_t Pause();
+
+  Dice dice_;
+  Play play_;
+  SoakUser user_{play_, dice_};
+  SoakChecks checks_{play_};
+  std::deque<desk::JournalEntry> last_;
+  std::function<void(const desk::JournalEntry&)> onEffect_;
+  std::int64_t actAt_ = 0, endAt_ = 0, endingSince_ = 0;
+  bool over_ = false, acting_ = false;
+  std::string failure_;
+  int deeds_ = 0, lives_ = 0;
+};
+
+}  // namespace corvel::tools
