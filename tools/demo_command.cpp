@@ -3,6 +3,7 @@
 #include "base/text.h"
 #include "forms/marked_text.h"
 #include "tools/scenario_command.h"
+#include "tools/scenario_commands.h"
 #include "tools/scenario_player.h"
 #include "tools/terminal_text.h"
 
@@ -51,6 +52,8 @@ class Teller {
     Rest(text.empty() ? 0 : 1400);
   }
 
+  // What is done: by the user, by the people in the room. Not what is looked at or set beforehand.
+  void Command(const Words& words);
   void Effect(const desk::JournalEntry& entry);
 
  private:
@@ -95,6 +98,18 @@ class Teller {
   std::int64_t lastAt_ = 0;
 };
 
+void Teller::Command(const Words& words) {
+  const tools::Command* const command = FindCommand(words[0]);
+  if (command->when != When::kRun || words[0] == "expect" || words[0] == "wait") return;
+  std::string text = words[0];
+  for (const std::string& word : words.From(1)) {
+    const bool plain = !word.empty() && word.find_first_of(" \"\\\t\r\n") == std::string::npos;
+    text += ' ' + (plain ? ToUtf8(word) : Quoted(word));
+  }
+  std::cout << (color_ ? "\x1b[36m> " + text + "\x1b[0m" : "> " + text) << std::endl;
+  Rest(700);
+}
+
 void Teller::Effect(const desk::JournalEntry& entry) {
   static constexpr Telling kTellings[] = {{"line", &Teller::Line},   {"message", &Teller::Message},
                                           {"shown", &Teller::Shown}, {"hidden", &Teller::Hidden},
@@ -117,10 +132,12 @@ int DemoCommand(Arguments& arguments) {
   ScenarioOptions options;
   options.onEffect = [&](const desk::JournalEntry& entry) { teller.Effect(entry); };
   options.onNarration = [&](const std::string& text) { teller.Narrate(text); };
+  options.onCommand = [&](const Words& words) { teller.Command(words); };
   const ScenarioVerdict verdict = PlayScenarioFile(file, options);
   for (const std::string& message : verdict.messages) std::cerr << message << '\n';
   if (verdict.exitCode == kHeld)
-    std::cout << "\nEvery byte above was checked. Play on by hand:  corvel-desk scenario -\n";
+    std::cout
+        << "\nEvery byte above was checked. Play on by hand:  build/desk/corvel-desk scenario -\n";
   return verdict.exitCode;
 }
 

@@ -21,8 +21,12 @@ class FileSource : public ScenarioSource {
   std::optional<ScenarioLine> Next() override {
     while (next_ < lines_.size()) {
       ScenarioLine& line = lines_[next_++];
-      if (!line.words.empty()) return std::move(line);
-      if (options_.onNarration) options_.onNarration(line.narration);
+      if (line.words.empty()) {
+        if (options_.onNarration) options_.onNarration(line.narration);
+        continue;
+      }
+      if (options_.onCommand) options_.onCommand(line.words);
+      return std::move(line);
     }
     return std::nullopt;
   }

@@ -15,9 +15,10 @@ inline constexpr int kHeld = 0, kFailed = 1, kUnreadable = 2;  // exit codes
 
 struct ScenarioOptions {
   std::uint64_t seed = 1;
-  // Told each effect and each narration as it comes; may be empty.
+  // Told each effect, narration and command as it comes; may be empty.
   std::function<void(const desk::JournalEntry&)> onEffect;
   std::function<void(const std::string& utf8)> onNarration;
+  std::function<void(const Words& words)> onCommand;
 };
 
 struct ScenarioVerdict {
