@@ -45,12 +45,16 @@ constexpr const char* kVanishWords[] = {"Windows Recycle Bin?", "rename the sele
 void SoakChecks::Hear(const desk::JournalEntry& entry) {
   const bool isQuestion = entry.kind == "message" || entry.kind == "input-box";
   if (isQuestion)
-    asked_ = std::any_of(std::begin(kVanishWords), std::end(kVanishWords), [&](const char* words) {
+    asked_ += std::any_of(std::begin(kVanishWords), std::end(kVanishWords), [&](const char* words) {
       return entry.words[0].find(words) != std::string::npos;
     });
-  // The first button tried may be one that the box doesn't have; then another follows.
+  // The first button tried may be one that the box doesn't have; then another follows, perhaps
+  // behind the answers to other boxes that have come in front of it.
   const std::string answer = isQuestion || entry.kind == "answer" ? entry.words.back() : "Cancel";
-  if (asked_ && answer != "No" && answer != "Cancel") ++mayVanish_;
+  if (asked_ > 0 && answer != "No" && answer != "Cancel") {
+    --asked_;
+    ++mayVanish_;
+  }
   // The box of the move can be left by its button or by Enter.
   for (const std::string& word : entry.words)
     if (entry.kind == "user" && word.starts_with("frmSendTo.")) ++mayVanish_;

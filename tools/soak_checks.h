@@ -35,8 +35,8 @@ class SoakChecks {
   std::size_t waitDepth_ = 0;
   std::int64_t waitSince_ = 0;
   std::set<std::string> waves_;
-  bool asked_ = false;  // the last question was one of those
-  int mayVanish_ = 0;   // wave files that the user has agreed to lose
+  int asked_ = 0;      // questions after which one may vanish, not agreed to so far
+  int mayVanish_ = 0;  // wave files that the user has agreed to lose
 };
 
 }  // namespace corvel::tools
