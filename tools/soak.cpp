@@ -170,9 +170,13 @@ void Soak::Ending() {
   }
 }
 
-// The client's windows as they stand, for whoever looks into a failure.
-void Soak::NoteClient() {
+// What waits and the client's windows as they stand, for whoever looks into a failure.
+void Soak::NoteState() {
   desk::Desk& desk = play_.stage.desk();
+  for (const auto& pump : desk.Pumps())
+    desk.Note("waits", {std::to_string(pump.process), std::string(pump.wait.name)});
+  for (const auto& form : desk.peers().Forms())
+    desk.Note("form", {form.state->name, form.state->visible ? "visible" : "hidden"});
   const practice::PracticeClient* const client = play_.stage.Client();
   if (!client) return;
   desk::DeskWindows& windows = desk.windows();
@@ -185,7 +189,7 @@ void Soak::NoteClient() {
 
 void Soak::Fail(const std::string& why) {
   failure_ = why;
-  NoteClient();
+  NoteState();
   End();
 }
 

@@ -44,7 +44,7 @@ class Soak : public desk::Agent {
   void Do(const Words& words);
   void ReleaseLater();
   void Ending();
-  void NoteClient();
+  void NoteState();
   void Fail(const std::string& why);
   void End();
   std::int64_t Pause();

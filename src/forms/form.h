@@ -164,7 +164,9 @@ class Forms {
     return nullptr;
   }
   const std::vector<std::shared_ptr<Form>>& All() const { return loaded_; }
-  void UnloadAll();  // newest first; Form_QueryUnload is asked but can't keep a form
+  // Newest first; Form_QueryUnload is asked but can't keep a form. No form loads afterwards: what
+  // is made by a procedure that was waiting meanwhile has no window and is in no collection.
+  void UnloadAll();
 
   // An event procedure is running: the process isn't at its end even if no form is left.
   bool InEvent() const { return depth_ > 0; }
@@ -196,6 +198,7 @@ class Forms {
   std::vector<std::shared_ptr<Form>> loaded_;
   std::vector<std::shared_ptr<Form>> dying_;
   int depth_ = 0;
+  bool over_ = false;
 };
 
 }  // namespace corvel::forms

@@ -38,6 +38,7 @@ void Forms::Adopt(std::shared_ptr<Form> form) {
     ~Hold() { --depth_; }
     int& depth_;
   } const hold(depth_);
+  if (over_) return dying_.push_back(std::move(form));
   loaded_.push_back(form);
   try {
     form->MakePeers();
@@ -63,10 +64,11 @@ void Forms::UnloadAll() {
   for (;;) {
     const auto newest = std::find_if(loaded_.rbegin(), loaded_.rend(),
                                      [](const auto& form) { return !form->unloading_; });
-    if (newest == loaded_.rend()) return;
+    if (newest == loaded_.rend()) break;
     (*newest)->mustGo_ = true;  // it may have been loaded by another one's Form_Unload
     (*newest)->Unload();
   }
+  over_ = true;
 }
 
 }  // namespace corvel::forms

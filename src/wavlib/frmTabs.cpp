@@ -97,6 +97,9 @@ void frmTabs::ConnectButtons() {
     button->SetEnabled(false);
     button->SetToolTip(kNotBuiltTip);
   }
+  // Here and not with the rest of the start-up, which can wait for the user in the middle.
+  cmdFadeWav.SetEnabled(program.g.IsVersion4Or5() && program.hub.ShowFadePanel);
+  if (!program.hub.ShowFadePanel) cmdFadeWav.SetToolTip(kNotBuiltTip);
 }
 
 // The upper part, which stays when the window is folded, is the category with its path and count.
@@ -139,8 +142,6 @@ void frmTabs::StartUp() {
   SetOwner(program.g.hAOL);
   randomGarland_ = program.store.ReadKey("Garland", "Random") == "Yes";
   if (randomGarland_) LoadGarlands();
-  cmdFadeWav.SetEnabled(program.g.IsVersion4Or5() && program.hub.ShowFadePanel);
-  if (!program.hub.ShowFadePanel) cmdFadeWav.SetToolTip(kNotBuiltTip);
   if (lstWav.ListCount() > 0) SelectRow(0);
 }
 

@@ -209,6 +209,8 @@ TEST_F(FormLife, AllGoAlsoFromInsideAQueryAndWithLateComers) {
   second->onUnload = [&](TestForm&) { late = Load("frmLate")->IsLoaded(); };
   As([&] { first->Unload(); });
   EXPECT_TRUE(late);
+  // A procedure that was waiting for its user meanwhile may still make a form.
+  EXPECT_FALSE(Load("frmAfterwards")->IsLoaded());
   EXPECT_TRUE(forms_->All().empty());
 }
 
