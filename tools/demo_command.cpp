@@ -132,7 +132,7 @@ int DemoCommand(Arguments& arguments) {
   ScenarioOptions options;
   options.onEffect = [&](const desk::JournalEntry& entry) { teller.Effect(entry); };
   options.onNarration = [&](const std::string& text) { teller.Narrate(text); };
-  options.onCommand = [&](const Words& words) { teller.Command(words); };
+  options.onCommand = [&](const Words& words, desk::Desk&) { teller.Command(words); };
   const ScenarioVerdict verdict = PlayScenarioFile(file, options);
   for (const std::string& message : verdict.messages) std::cerr << message << '\n';
   if (verdict.exitCode == kHeld)

@@ -25,7 +25,7 @@ class FileSource : public ScenarioSource {
         if (options_.onNarration) options_.onNarration(line.narration);
         continue;
       }
-      if (options_.onCommand) options_.onCommand(line.words);
+      if (options_.onCommand) options_.onCommand(line.words, *desk);
       return std::move(line);
     }
     return std::nullopt;
@@ -38,6 +38,7 @@ class FileSource : public ScenarioSource {
   }
 
   ScenarioVerdict verdict;
+  desk::Desk* desk = nullptr;  // of the run that asks
 
  private:
   std::string name_;
@@ -89,6 +90,7 @@ ScenarioVerdict PlayScenario(const std::string& name, std::string_view utf8,
   }
   FileSource source(name, std::move(file.lines), options);
   ScenarioRun run(source, options.seed);
+  source.desk = &run.desk();
   if (options.onEffect) run.desk().journal().Listen(options.onEffect);
   run.Run();
   return source.verdict;

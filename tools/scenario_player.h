@@ -1,6 +1,7 @@
 // Plays scenario files and tells their verdict.
 #pragma once
 
+#include "platform/desk/desk.h"
 #include "platform/desk/journal.h"
 #include "tools/scenario_file.h"
 
@@ -18,7 +19,7 @@ struct ScenarioOptions {
   // Told each effect, narration and command as it comes; may be empty.
   std::function<void(const desk::JournalEntry&)> onEffect;
   std::function<void(const std::string& utf8)> onNarration;
-  std::function<void(const Words& words)> onCommand;
+  std::function<void(const Words& words, desk::Desk& desk)> onCommand;
 };
 
 struct ScenarioVerdict {

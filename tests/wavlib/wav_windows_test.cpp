@@ -13,7 +13,6 @@
 #include <functional>
 #include <gtest/gtest.h>
 #include <optional>
-#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -299,74 +298,6 @@ TEST_F(Sending, DescriptionWindowIsMovedByItsTextAndRemembersItsPlace) {
     EXPECT_EQ(store.ReadKey("Descriptions", "Left"), "3150");
     EXPECT_EQ(store.ReadKey("Descriptions", "Top"), "1200");
   });
-  script_.Run();
-}
-
-// --- How the windows look ------------------------------------------------------------------------
-
-bool Overlap(const Rect& a, const Rect& b) {
-  return a.left < b.left + b.width && b.left < a.left + a.width && a.top < b.top + b.height &&
-         b.top < a.top + a.height;
-}
-
-// Checks one window: it fits the smallest screen, nothing overlaps or sticks out, every control can
-// be named to a blind user, and no two have one access key.
-void CheckLook(const FormState& form, const std::vector<desk::DeskPeers::ControlView>& controls) {
-  EXPECT_LE(form.place.width, 640) << form.name;
-  EXPECT_LE(form.place.height, 480) << form.name;
-  std::set<char> keys;
-  for (std::size_t i = 0; i < controls.size(); ++i) {
-    const ControlState& one = *controls[i].state;
-    if (!one.visible) continue;
-    const std::string name = form.name + "." + one.name;
-    EXPECT_TRUE(one.place.left >= 0 && one.place.top >= 0 &&
-                one.place.left + one.place.width <= form.place.width &&
-                one.place.top + one.place.height <= form.place.height)
-        << name << " sticks out";
-    EXPECT_FALSE(one.text.empty() && one.accessibleName.empty() && one.kind != ControlKind::kLabel)
-        << name << " has no name";
-    const auto key = one.text.find('&');
-    if (key != std::string::npos && one.kind != ControlKind::kTextBox) {
-      EXPECT_TRUE(keys.insert(LowerChar(one.text[key + 1])).second) << name << ": its key is taken";
-    }
-    for (std::size_t j = 0; j < i; ++j) {
-      const ControlState& other = *controls[j].state;
-      EXPECT_FALSE(other.visible && Overlap(one.place, other.place))
-          << name << " overlaps " << other.name;
-    }
-  }
-}
-
-TEST_F(Sending, WindowsOfTheLibraryLookOrderly) {
-  const auto look = [this](const char* name) {
-    const auto form = user_.FindForm(name);
-    ASSERT_TRUE(form) << name;
-    CheckLook(*form->state, desk().peers().ControlsOf(form->window));
-  };
-  const auto rightClick = [this](const char* name) {
-    std::string why;
-    const auto control = user_.FindControl(name, why);
-    ASSERT_TRUE(control) << why;
-    EXPECT_EQ(desk().peers().RightClick(control->window).refusal, "") << name;
-  };
-  const auto choose = [this](const char* row) { EXPECT_EQ(user_.Choose({row}), ""); };
-  Look(0, [=] {
-    look("frmTabs");
-    rightClick("frmTabs.lstWav");
-  });
-  Look(50, [=] { choose("Move Selected Wav"); });
-  Look(50, [=] { look("frmSendTo"); });
-  Click(0, "frmSendTo.cmdCancel");
-  Click(50, "frmTabs.cmdMin");
-  Look(50, [=] {
-    look("frmTabs");
-    rightClick("frmCV7.cmdHugs");
-  });
-  Look(50, [=] { choose("Wav Descriptions"); });
-  Look(50, [=] { look("frmEditDesc"); });
-  Click(0, "frmEditDesc.cmdNew");
-  Look(50, [=] { look("frmDescripAssign"); });
-  Click(0, "frmDescripAssign.cmdCancel");
   script_.Run();
 }
 
