@@ -1,7 +1,6 @@
 #include "app/compose.h"
 
 #include "core/dialogs.h"
-#include "core/frmCV7.h"
 #include "core/helpers.h"
 #include "core/main.h"
 
@@ -62,10 +61,19 @@ void FillCommands(Program& program, AolClient& client, WavLibrary& wavLibrary) {
   commands[Command::kKillHourglass] = [&client] { KillHourglass(client); };
   commands[Command::kHelp] = [&program] { ShowHelp(program, "Table of Contents"); };
   commands[Command::kTechSupport] = [&program] { ShowHelp(program, "Tech Support"); };
-  commands[Command::kShowToolbar] = [&program] {
-    program.forms.Load<frmCV7>(program).ShowToolbar();
-  };
   commands[Command::kExit] = [&program] { UnloadAllForms(program, true); };
+}
+
+void FillAccess(Hub& hub, AccessModes& modes) {
+  hub.SetUpAccess = [&modes] { modes.SetUp(); };
+  hub.TakeDownAccess = [&modes] { modes.TakeDown(); };
+  hub.TrayMessage = [&modes](LParam mouse) { modes.OnTray(mouse); };
+  hub.MenuMessage = [&modes](HookedMessage& message) { modes.OnClientMenu(message); };
+  hub.ClientMenuRow = [&modes](std::uint32_t id) { modes.RunClientMenuRow(id); };
+  hub.ResetAccessCaptions = [&modes] { modes.ResetCaptions(); };
+  hub.commands[Command::kHideAsTray] = [&modes] { modes.HideAsTray(); };
+  hub.commands[Command::kHideAsMenu] = [&modes] { modes.HideAsMenu(); };
+  hub.commands[Command::kShowToolbar] = [&modes] { modes.ShowToolbar(); };
 }
 
 // Faded text that the room refuses would be refused again with the next line.
@@ -76,10 +84,12 @@ void SwitchFaderOff(Program& program) {
 
 }  // namespace
 
-void Compose(Program& program, AolClient& client, WavLibrary& wavLibrary) {
+void Compose(Program& program, AolClient& client, WavLibrary& wavLibrary,
+             AccessModes& accessModes) {
   FillClientSlots(program.hub.client, client);
   FillCommands(program, client, wavLibrary);
   FillSiblings(program);
+  FillAccess(program.hub, accessModes);
   program.hub.SwitchFaderOff = [&program] { SwitchFaderOff(program); };
 }
 

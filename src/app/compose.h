@@ -4,11 +4,12 @@
 
 #include "aolbridge/aolclient.h"
 #include "core/program.h"
+#include "shell/access_modes.h"
 #include "wavlib/wavlib.h"
 
 namespace corvel {
 
 // Fills the program's hub. All of these must outlive the program's last event.
-void Compose(Program& program, AolClient& client, WavLibrary& wavLibrary);
+void Compose(Program& program, AolClient& client, WavLibrary& wavLibrary, AccessModes& accessModes);
 
 }  // namespace corvel

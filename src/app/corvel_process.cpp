@@ -30,12 +30,13 @@ CorvelProcess::CorvelProcess(Platform& platform)
     : program_(platform),
       client_(program_),
       fader_(program_.settings.Fader, [&platform] { YieldToEvents(platform); }),
-      wavLibrary_(program_, client_, fader_) {
+      wavLibrary_(program_, client_, fader_),
+      accessModes_(program_, client_) {
   program_.forms.onUnhandledError = [this](const RunTimeError& error, const char* form,
                                            const char* procedure) {
     ReportUnhandled(program_, error, form, procedure);
   };
-  Compose(program_, client_, wavLibrary_);
+  Compose(program_, client_, wavLibrary_, accessModes_);
 }
 
 void CorvelProcess::Start() {

@@ -4,6 +4,7 @@
 #include "aolbridge/aolclient.h"
 #include "core/program.h"
 #include "fader/modFade.h"
+#include "shell/access_modes.h"
 #include "wavlib/wavlib.h"
 
 namespace corvel {
@@ -23,6 +24,7 @@ class CorvelProcess {
   AolClient client_;
   Fader fader_;
   WavLibrary wavLibrary_;
+  AccessModes accessModes_;
   bool running_ = false;
 };
 

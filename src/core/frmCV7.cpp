@@ -56,7 +56,8 @@ frmCV7::frmCV7(Program& p)
       mnuWavs(MakeWavsMenu(p)),
       mnuIMs(MakeIMsMenu(p)),
       mnuHotWords(MakePeopleMenu(p)),
-      mnuEditor(MakeEditorMenu(p)) {
+      mnuEditor(MakeEditorMenu(p)),
+      mnuTrayMnu(MakeTrayMenu(p)) {
   WireButtons();
   WireHooks();
   WireTimers();
@@ -127,9 +128,14 @@ void frmCV7::Form_Load() {
   if (program.settings.Clock.Show && program.hub.ShowClock) program.hub.ShowClock();
   SetOwner(program.g.hAOL);
   SetRowsByVersion();
-  // The tray and the client's menu come with the shell. Until then those who chose them get the
-  // toolbar, and their choice stays as they made it.
-  Show(false);
+  if (program.g.AccessMode == 0 || !program.hub.SetUpAccess)
+    Show(false);
+  else
+    program.hub.SetUpAccess();
+}
+
+void frmCV7::Form_Message(MessageId id, WParam, LParam lParam) {
+  if (id == kTrayMessage && program.hub.TrayMessage) program.hub.TrayMessage(lParam);
 }
 
 void frmCV7::RestoreToolbarPlace() {
@@ -140,14 +146,20 @@ void frmCV7::RestoreToolbarPlace() {
 
 void frmCV7::SetRowsByVersion() {
   const Globals& g = program.g;
-  mnuWavs(row::kFadeSeparator).visible = mnuWavs(row::kFadeDesigner).visible = g.IsVersion4Or5();
-  if (g.AOLVer == "5" && g.AOLLocale == 0)
-    mnuMenu(row::kHideWelcome).caption = "Hide AOL Main Window";
+  for (auto* const rows : {&mnuWavs.Rows(), &mnuTrayMnu(tray_row::kWavs).rows})
+    for (const int fade : {row::kFadeSeparator, row::kFadeDesigner})
+      rows->at(static_cast<std::size_t>(fade)).visible = g.IsVersion4Or5();
+  if (g.AOLVer == "5" && g.AOLLocale == locale::kUs) SetWelcomeCaption("Hide AOL Main Window");
+}
+
+void frmCV7::SetWelcomeCaption(const char* caption) {
+  mnuMenu(row::kHideWelcome).caption = mnuTrayMnu(tray_row::kHideWelcome).caption = caption;
 }
 
 void frmCV7::ShowSiblingRows() {
-  mnuMenu(row::kPalroster).visible = program.settings.General.ShowPRMenu;
-  mnuMenu(row::kBackdrape).visible = program.settings.General.ShowBDMenu;
+  const auto& general = program.settings.General;
+  mnuMenu(row::kPalroster).visible = mnuTrayMnu(tray_row::kPalroster).visible = general.ShowPRMenu;
+  mnuMenu(row::kBackdrape).visible = mnuTrayMnu(tray_row::kBackdrape).visible = general.ShowBDMenu;
 }
 
 bool frmCV7::Form_QueryUnload(bool byUser) {
@@ -238,8 +250,10 @@ void frmCV7::sbcMenu_WndMessageX(HookedMessage& message) {
 }
 
 void frmCV7::sbcMenu_WndMessage(LParam value) {
-  if (value != static_cast<LParam>(wm::kClose) && value != static_cast<LParam>(wm::kCommand))
+  if (value != static_cast<LParam>(wm::kClose) && value != static_cast<LParam>(wm::kCommand)) {
+    if (program.hub.ClientMenuRow) program.hub.ClientMenuRow(static_cast<std::uint32_t>(value));
     return;
+  }
   UnhookSubclasses();
   if (!closing_) {
     closing_ = true;

@@ -11,6 +11,9 @@
 
 namespace corvel {
 
+// The tray icon's mouse messages come to the central window as this one.
+inline constexpr MessageId kTrayMessage = 1025;
+
 class frmCV7 : public ProgramForm {
  public:
   explicit frmCV7(Program& program);
@@ -21,7 +24,7 @@ class frmCV7 : public ProgramForm {
   forms::SubClass sbcMenu, sbcCmdLine, sbcSendIcon, sbcChatWin, SubClass3, sbcMDI, sbcRealMDI;
   forms::Chat chat;
   forms::Timer Timer1, Timer2, tmrAnswerer, tmrIMWav;
-  forms::Menu mnuMenu, mnuWavs, mnuIMs, mnuHotWords, mnuEditor;
+  forms::Menu mnuMenu, mnuWavs, mnuIMs, mnuHotWords, mnuEditor, mnuTrayMnu;
 
   void UnhookSubclasses();
   void DisableTimers();
@@ -29,6 +32,7 @@ class frmCV7 : public ProgramForm {
   void ShowToolbar();
   // Lays the buttons out by Pos.
   void ResizeButtons();
+  void PopUpTrayMenu() { PopupMenu(mnuTrayMnu); }
   // The sibling programs' rows, by ShowPRMenu and ShowBDMenu.
   void ShowSiblingRows();
 
@@ -36,6 +40,7 @@ class frmCV7 : public ProgramForm {
   void Form_Load() override;
   void Form_Unload() override;
   bool Form_QueryUnload(bool byUser) override;
+  void Form_Message(MessageId id, WParam wParam, LParam lParam) override;
 
  private:
   void WireButtons();
@@ -44,6 +49,7 @@ class frmCV7 : public ProgramForm {
   void ColorButtons();
   void RestoreToolbarPlace();
   void SetRowsByVersion();
+  void SetWelcomeCaption(const char* caption);
   void UnhookSeven();
   void RemoveWindowListRows();
   // Timer1, in its order (frmCV7_timers.cpp).

@@ -145,7 +145,9 @@ void frmCV7::FollowOnline() {
 // otherwise from the first sign-off on.
 void frmCV7::ResetCaptionsOfSignedOff() {
   mnuIMs(row::kTurnIMsOff).caption = "Turn IMs Off";
-  mnuMenu(row::kHideWelcome).caption = "Hide Welcome Window";
+  mnuTrayMnu(tray_row::kIMs).rows.at(row::kTurnIMsOff).caption = "Turn IMs Off";
+  CallSlot(program.hub.ResetAccessCaptions);
+  SetWelcomeCaption("Hide Welcome Window");
 }
 
 void frmCV7::WatchReadMail() {

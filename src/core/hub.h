@@ -119,6 +119,12 @@ struct Hub {
   // --- Windows shown at load of the central window.
   std::function<void()> ShowClock;
 
+  // --- The ways to the commands: AccessMode.
+  std::function<void()> SetUpAccess, TakeDownAccess;  // 1 and 2: as the central window loads, goes
+  std::function<void(LParam mouse)> TrayMessage;
+  std::function<void(std::uint32_t id)> ClientMenuRow;  // a value that MenuMessage has raised
+  std::function<void()> ResetAccessCaptions;            // the user has signed off
+
   // --- The way down.
   std::function<void()> GiveBackIMs;  // before anything else is undone
   std::function<void()> UnhookIMs;    // part of UnhookSubclasses

@@ -187,6 +187,7 @@ void TearDown(Program& program) {
   Pause(program, 0.5);
   if (toolbar) {
     toolbar->DisableTimers();
+    CallSlot(program.hub.TakeDownAccess);
     toolbar->Hide();
   }
   Pause(program, 0.5);

@@ -85,6 +85,66 @@ constexpr RowRule kEditorRows[] = {
     {"Wav Descriptions", Command::kDescriptions},
 };
 
+// The tray's sub-menus have the same rows under their own captions.
+constexpr RowRule kTrayWavs[] = {
+    {"WavList", Command::kWavList},
+    kSeparator,
+    {"Hushlet", Command::kHushlet},
+    kSeparator,
+    {"Fade Designer/Control Panel", Command::kFadeDesigner},
+};
+constexpr RowRule kTrayPeople[] = {
+    {"QuickFind", Command::kQuickFind},
+    kSeparator,
+    {"Room Buster", Command::kRoomBuster},
+    kSeparator,
+    {"Aliases", Command::kAliases},
+    {"AIM E-Mail Addresses", Command::kAimAddresses},
+    {"Member Web Page Addresses", Command::kWebPages},
+};
+constexpr RowRule kTrayEditors[] = {
+    {"Garland Editor", Command::kGarlandEditor},
+    {"Hug Style Editor", Command::kHugEditor},
+    {"Chat Room Keyword Editor", Command::kKeywordEditor},
+    kSeparator,
+    {"HotWords Editor", Command::kHotWords},
+    kSeparator,
+    {"E-Mail a Wav Message Editor", Command::kEMailMessages},
+    kSeparator,
+    {"Wav Descriptions Editor", Command::kDescriptions},
+};
+
+constexpr RowRule kTrayRows[] = {
+    {"Show Toolbar", Command::kShowToolbar},
+    kSeparator,
+    {"Options", Command::kOptions},
+    kSeparator,
+    {"Wavs", std::nullopt, kTrayWavs, std::size(kTrayWavs)},
+    {"IMs", std::nullopt, kIMsRows, std::size(kIMsRows)},
+    {"People", std::nullopt, kTrayPeople, std::size(kTrayPeople)},
+    {"Editor", std::nullopt, kTrayEditors, std::size(kTrayEditors)},
+    kSeparator,
+    {"Kill The Hourglass", Command::kKillHourglass},
+    {"Upload and Chat", Command::kUploadAndChat},
+    {"Hide Welcome Window", Command::kHideWelcome},
+    kSeparator,
+    {"Tech Support", Command::kTechSupport},
+    {"Advertise", Command::kAdvertise},
+    {"QRV Software Website", Command::kWebSite},
+    kSeparator,
+    {"Palroster", Command::kPalroster},
+    {"Backdrape", Command::kBackdrape},
+    kSeparator,
+    {"Export/Import Wizard", Command::kExportImport},
+    kSeparator,
+    {"Help", Command::kHelp},
+    {"Check for Updates", Command::kCheckForUpdates},
+    kSeparator,
+    {"About Corvel", Command::kAbout},
+    kSeparator,
+    {"Exit Corvel", Command::kExit},
+};
+
 forms::MenuRow MakeRow(Program& program, const RowRule& rule) {
   forms::MenuRow row;
   row.caption = rule.caption;
@@ -119,6 +179,10 @@ forms::Menu MakePeopleMenu(Program& program) {
 }
 forms::Menu MakeEditorMenu(Program& program) {
   return MakeMenu(program, "mnuEditor", "Editor", kEditorRows);
+}
+
+forms::Menu MakeTrayMenu(Program& program) {
+  return MakeMenu(program, "mnuTrayMnu", "TrayMenu", kTrayRows);
 }
 
 bool IsBuilt(const Program& program, Command command) {

@@ -23,7 +23,8 @@ const std::map<std::string, std::vector<std::string>> kMayInclude = {
     {"src/aolbridge", {"base", "platform", "forms", "core"}},
     {"src/fader", {"base", "core"}},
     {"src/wavlib", {"base", "platform", "forms", "core", "aolbridge", "fader"}},
-    {"src/app", {"base", "platform", "forms", "core", "aolbridge", "fader", "wavlib"}},
+    {"src/shell", {"base", "platform", "forms", "core", "aolbridge"}},
+    {"src/app", {"base", "platform", "forms", "core", "aolbridge", "fader", "wavlib", "shell"}},
     {"practice", {"base", "platform", "platform/desk"}},
 };
 

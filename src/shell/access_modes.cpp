@@ -1,0 +1,167 @@
+#include "shell/access_modes.h"
+
+#include "core/dialogs.h"
+#include "core/frmCV7.h"
+#include "core/main.h"
+#include "core/toolbar_menus.h"
+#include "shell/client_menu.h"
+
+namespace corvel {
+namespace {
+
+constexpr LParam kMouseDoubleClick = 515, kMouseRightUp = 517;
+constexpr std::string_view kTrayTip = "Corvel 32 - Toolbar: Double-click; Menu: Right-click";
+constexpr std::string_view kManagerTitle = "Corvel IM Manager";
+// The client's commands that place its windows side by side or behind one another.
+constexpr std::uint32_t kTile = 1212, kCascade = 1213;
+// The program's rows in the client's Window menu, one for each window.
+constexpr std::uint32_t kLastWindowListId = 50;
+constexpr int kWindowMenu = 2;
+
+std::uint32_t CommandId(WParam wParam) { return static_cast<std::uint32_t>(wParam & 0xFFFF); }
+
+}  // namespace
+
+frmCV7* AccessModes::Central() const { return program_.forms.Loaded<frmCV7>(); }
+
+void AccessModes::SetUp() {
+  if (program_.g.AccessMode == 1) AddTrayIcon();
+  if (program_.g.AccessMode == 2) AddMenuToAOL();
+}
+
+void AccessModes::TakeDown() {
+  if (program_.g.AccessMode == 1) RemoveTrayIcon();
+  if (program_.g.AccessMode == 2) RemoveMenuFromAOL();
+}
+
+void AccessModes::Remember(int mode, const char* name) {
+  program_.g.AccessMode = mode;
+  program_.store.WriteKey("Toolbar", "MenuAccess", name);
+}
+
+void AccessModes::HideAsTray() {
+  Remember(1, "Tray");
+  if (frmCV7* const central = Central()) central->Hide();
+  AddTrayIcon();
+}
+
+void AccessModes::HideAsMenu() {
+  Remember(2, "Menu");
+  if (frmCV7* const central = Central()) central->Hide();
+  AddMenuToAOL();
+}
+
+void AccessModes::ShowToolbar() {
+  RemoveTrayIcon();  // a second way that does nothing any more would only puzzle
+  if (program_.g.AccessMode == 2) RemoveMenuFromAOL();
+  if (frmCV7* const central = Central()) central->ShowToolbar();
+}
+
+// --- The tray ------------------------------------------------------------------------------------
+
+void AccessModes::AddTrayIcon() {
+  frmCV7* const central = Central();
+  if (!central) return;
+  if (program_.platform.shell.AddTrayIcon(central->Handle(), kTrayMessage, kTrayTip)) return;
+  MsgBoxEx(program_,
+           "~B~CRThere is no taskbar currently available!~B~CN~N ~NCorvel 32 will default to AOL "
+           "menu bar mode.",
+           style::kOk + style::kExclamation);
+  // Not the key that the next start reads: it tries the tray again.
+  program_.store.WriteKey("Menu", "Access", "Menu");
+  if (program_.g.Closing || program_.g.AccessMode != 1) return;  // changed while the user read
+  program_.g.AccessMode = 2;
+  AddMenuToAOL();
+}
+
+void AccessModes::RemoveTrayIcon() {
+  if (frmCV7* const central = Central()) program_.platform.shell.RemoveTrayIcon(central->Handle());
+}
+
+void AccessModes::OnTray(LParam mouse) {
+  if (program_.g.Closing || program_.g.AccessMode != 1) return;
+  if (mouse == kMouseDoubleClick) ShowToolbar();
+  if (mouse == kMouseRightUp) PopUpTrayMenu();
+}
+
+void AccessModes::PopUpTrayMenu() {
+  WindowSystem& windows = program_.platform.windows;
+  const Window modal = windows.Find("_AOL_MODAL", std::nullopt);
+  frmCV7* const central = Central();
+  if (!central || (modal && windows.IsVisible(modal))) return;
+  const bool hasMainWindow = program_.g.AOLVer == "5" && program_.g.AOLLocale == locale::kUs;
+  if (!hasMainWindow) {
+    const Window welcome = client_.FindChildByTitle(program_.g.hMDI, "Welcome,");
+    const bool hidden = welcome && !windows.IsVisible(welcome);
+    central->mnuTrayMnu(tray_row::kHideWelcome).caption =
+        hidden ? "Show Welcome Window" : "Hide Welcome Window";
+  }
+  central->PopUpTrayMenu();
+}
+
+// --- The client's menu ---------------------------------------------------------------------------
+
+void AccessModes::AddMenuToAOL() {
+  client_menu::Remove(program_);  // one that a crash left there
+  if (client_menu::Insert(program_)) return;
+  // Without any way to them the commands would be lost.
+  if (frmCV7* const central = Central()) central->Show(false);
+}
+
+void AccessModes::RemoveMenuFromAOL() {
+  client_menu::Remove(program_);
+  program_.store.WriteKey("Toolbar", "MenuAccess", "Toolbar");
+}
+
+void AccessModes::OnClientMenu(HookedMessage& message) {
+  if (message.id != wm::kCommand) return;
+  const std::uint32_t id = CommandId(message.wParam);
+  if (TilesAroundManager(id))
+    message.consume = true;
+  else if (id <= kLastWindowListId)
+    BringListedWindowUp(id);
+  else if (frmCV7* const central = Central(); central && client_menu::CommandOf(id))
+    central->sbcMenu.Raise(static_cast<LParam>(id));
+}
+
+// The manager fills the client: arranging the other windows would only tear it from its place.
+bool AccessModes::TilesAroundManager(std::uint32_t id) {
+  if (id != kTile && id != kCascade) return false;
+  const Window top = program_.platform.windows.TopChild(program_.g.hMDI);
+  return client_.GetCaptionText(top).find(kManagerTitle) != std::string::npos;
+}
+
+// A row of the list reads "3 Caption": the caption names the window.
+void AccessModes::BringListedWindowUp(std::uint32_t id) {
+  Menus& menus = program_.platform.menus;
+  WindowSystem& windows = program_.platform.windows;
+  const MenuHandle menu = menus.SubMenu(menus.MenuOf(program_.g.hAOL), kWindowMenu);
+  for (int at = 0; at < menus.Count(menu); ++at) {
+    if (menus.IdAt(menu, at) != id || id == 0) continue;
+    const std::string text = menus.TextAt(menu, at);
+    const auto blank = text.find(' ');
+    if (blank == std::string::npos) return;
+    const Window window = windows.FindChild(program_.g.hMDI, {}, "AOL Child",
+                                            std::string_view(text).substr(blank + 1));
+    if (windows.IsIconic(window)) windows.Show(window, show::kRestore);
+    windows.BringToTop(window);
+    return;
+  }
+}
+
+void AccessModes::RunClientMenuRow(std::uint32_t id) {
+  if (id == client_menu::kExit) {  // without a question: the menu itself is the client's
+    if (frmCV7* const central = Central()) central->UnhookSubclasses();
+    UnloadAllForms(program_, false);
+    return;
+  }
+  if (const auto command = client_menu::CommandOf(id)) RunCommand(program_, *command);
+}
+
+void AccessModes::ResetCaptions() {
+  if (program_.g.AccessMode != 2) return;
+  client_menu::SetCaption(program_, client_menu::kTurnIMsOff, "&Turn IM's Off");
+  client_menu::SetCaption(program_, client_menu::kHideWelcome, "&Hide Welcome Window");
+}
+
+}  // namespace corvel

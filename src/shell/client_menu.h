@@ -1,0 +1,32 @@
+// The program's menu in the client's own menu bar: its rows with the command ids that the hook on
+// the client's window recognises.
+#pragma once
+
+#include "core/program.h"
+
+#include <cstdint>
+#include <optional>
+
+namespace corvel {
+
+namespace client_menu {
+
+// Rows whose captions change while the program runs.
+inline constexpr std::uint32_t kHideWelcome = 1100, kTurnIMsOff = 1402;
+inline constexpr std::uint32_t kShowToolbar = 1000, kExit = 1004;
+
+// The command of a row; nothing for an id that isn't the program's.
+std::optional<Command> CommandOf(std::uint32_t id);
+
+// Puts the menu among the client's own ones, where the version has its place for it. A row whose
+// command isn't in the hub, or that the client's version can't do, is greyed. False if the client
+// takes no menu.
+bool Insert(Program& program);
+// Takes it away again, wherever it stands. Nothing happens if it isn't there.
+void Remove(Program& program);
+// Gives a row another caption.
+void SetCaption(Program& program, std::uint32_t id, std::string_view caption);
+
+}  // namespace client_menu
+
+}  // namespace corvel
