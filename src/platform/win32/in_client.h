@@ -2,34 +2,17 @@
 // Which calls need this, and why, stands in docs/hooks.md.
 #pragma once
 
-#include <windows.h>
+#include "platform/hook/deed.h"
 
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <windows.h>
 
 namespace corvel::win32 {
 
-enum class Deed : std::uint32_t {
-  kEndDialog,     // window, number: the result
-  kSetFocus,      // window
-  kMenuOf,        // window -> menu
-  kMenuCount,     // menu -> number or -1
-  kSubMenu,       // menu, number: position -> menu
-  kMenuIdAt,      // menu, number: position -> id
-  kMenuTextAt,    // menu, number: position -> text
-  kMenuStateAt,   // menu, number: position -> flags
-  kMenuInsert,    // menu, number: before which, flags, id, sub, text -> 1
-  kMenuModify,    // menu, number, flags, id, text -> 1
-  kMenuDelete,    // menu, number, flags -> 1
-  kMenuCreate,    // -> a new pop-up menu
-  kMenuDestroy,   // menu
-  kMenuDrawBar,   // window
-  kMenuExists,    // menu -> 1
-  kListText,      // window: a list box, number: row -> text
-  kComboText,     // window: a combo box, number: row -> text
-};
+using hook::Deed;  // which also tells what each takes and gives
 
 struct DeedRequest {
   Deed deed{};
