@@ -196,7 +196,7 @@ bool Rows::UseKey(Key key) {
 ListBox::ListBox(Form& form, std::string name, bool sorted, bool multiSelect)
     : Rows(form, ControlKind::kListBox, std::move(name)) {
   state_.sorted = sorted;
-  multiSelect_ = multiSelect;
+  multiSelect_ = state_.multiSelect = multiSelect;
 }
 
 std::vector<std::size_t> ListBox::SetItems(std::vector<std::string> items) {

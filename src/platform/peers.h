@@ -81,7 +81,7 @@ struct ControlState {
   std::vector<std::string> columns;  // headings of a list view
   std::vector<bool> marked;          // selected rows of a list with multiple selection, else empty
   int selected = -1;                 // the current row
-  bool sorted = false;
+  bool sorted = false, multiSelect = false;
 
   int value = 0, maximum = 100;              // check state 0/1; bar value
   bool isDefault = false, isCancel = false;  // Enter and Escape press it

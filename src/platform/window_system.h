@@ -59,11 +59,12 @@ class WindowSystem {
 
   // Sent; the procedure's answer, or 0.
   virtual MessageResult Send(Window window, MessageId id, WParam wParam, LParam lParam) = 0;
-  // Sent, with a text (kSetText and its like).
+  // Sent, with a text (kSetText and its like). A private message takes its text to windows of this
+  // process only.
   virtual MessageResult SendText(Window window, MessageId id, WParam wParam,
                                  std::string_view text) = 0;
   // Sent, asking for a text: at most `room` - 1 characters come back, as with a buffer of that
-  // size. For kGetText wParam is `room`; for other messages it is `wParam`.
+  // size. For kGetText wParam is `room`; for a list's texts it is `wParam`, the row.
   virtual std::string SendForText(Window window, MessageId id, WParam wParam, std::size_t room) = 0;
   // Put in the window's queue; runs at some later pump of its process, in order of posting.
   // False for a dead window.

@@ -64,7 +64,7 @@ TEST_F(HooksTest, SeeListedMessagesBeforeTheWindowAndMayConsumeThem) {
   home->RunFor(20);
   EXPECT_EQ(hook.own,
             (Log{"hook:settext(abc)", "hook:char(100)", "hook:char(101)", "hook:1024(5)"}));
-  EXPECT_EQ(windows.SendForText(box, wm::kGetText, 0, 100), "abcd");
+  EXPECT_EQ(windows.SendForText(box, wm::kGetText, 0, 100), "dabc");
   hooks.Detach(id);
   EXPECT_FALSE(hooks.IsAttached(id));
   windows.Send(box, wm::kChar, 'f', 0);
@@ -94,7 +94,7 @@ TEST_F(HooksTest, MaySendToTheSameWindowFromInside) {
   };
   const HookId id = Attach(box, hook, {wm::kChar});
   windows.Send(box, wm::kChar, 'a', 0);
-  EXPECT_EQ(windows.SendForText(box, wm::kGetText, 0, 100), "boxba");
+  EXPECT_EQ(windows.SendForText(box, wm::kGetText, 0, 100), "babox");
   hooks.Detach(id);
 }
 
@@ -136,12 +136,12 @@ TEST_F(HooksTest, HearTheLinesOfARoomOneByOneAfterTheClientHasTakenThem) {
   HookId id = 0;
   home->Run([&] { id = hooks.AttachChat(room, chat); });
   ASSERT_NE(id, 0u);
-  windows.SendText(view, kTextAdded, 0, "OnlineHost:\tWelcome\rRoom Guy:\thi: there\rno line");
+  other.SendText(view, kTextAdded, "OnlineHost:\tWelcome\rRoom Guy:\thi: there\rno line");
   windows.SendText(view, wm::kSetText, 0, "Someone:\tnot heard");
   EXPECT_EQ(chat.lines, Log{});
   home->RunFor(20);
   EXPECT_EQ(chat.lines, (Log{"OnlineHost|Welcome", "Room Guy|hi: there"}));
-  windows.SendText(view, kTextAdded, 0, "\rA:\tlast");
+  other.SendText(view, kTextAdded, "\rA:\tlast");
   hooks.DetachChat(id);
   home->RunFor(20);
   EXPECT_EQ(chat.lines.size(), 2u) << "a line on its way is dropped by the detaching";

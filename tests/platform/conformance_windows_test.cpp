@@ -2,6 +2,7 @@
 #include "tests/platform/home.h"
 
 #include <gtest/gtest.h>
+#include <set>
 
 namespace corvel::test {
 namespace {
@@ -9,30 +10,49 @@ namespace {
 class Windows : public testing::Test {
  protected:
   Window Frame(const char* caption = "America  Online", bool visible = true) {
-    return other.Make("frame", {.className = "AOL Frame25",
-                                .caption = caption,
-                                .place = {10, 20, 600, 400},
-                                .visible = visible,
-                                .systemClass = {}});
+    return Keep(other.Make("frame", {.className = "AOL Frame25",
+                                     .caption = caption,
+                                     .place = {10, 20, 600, 400},
+                                     .visible = visible,
+                                     .systemClass = {}}));
   }
   Window Child(Window parent, const char* className, const char* caption, bool mdi = false,
                Rect place = {}) {
-    return other.Make(caption, {.className = className,
-                                .caption = caption,
-                                .parent = parent,
-                                .place = place,
-                                .mdiChild = mdi,
-                                .systemClass = {}});
+    return Keep(other.Make(caption, {.className = className,
+                                     .caption = caption,
+                                     .parent = parent,
+                                     .place = place,
+                                     .mdiChild = mdi,
+                                     .systemClass = {}}));
   }
+  // Those of ours: on top of a desktop there are windows of others too.
   std::vector<Window> Siblings(Window parent) {
     std::vector<Window> all;
-    for (Window w = windows.TopChild(parent); w; w = windows.Next(w)) all.push_back(w);
+    for (Window w = windows.TopChild(parent); w; w = windows.Next(w))
+      if (made.count(w)) all.push_back(w);
     return all;
+  }
+  // Its place in its parent's pixels, which begin inside the parent's borders.
+  Rect PlaceInParent(Window window) {
+    const Window probe = Child(windows.Parent(window), "A", "probe");
+    const Rect origin = windows.PlaceOf(probe);
+    other.Destroy(probe);
+    Rect place = windows.PlaceOf(window);
+    place.left -= origin.left;
+    place.top -= origin.top;
+    return place;
   }
 
   std::unique_ptr<Home> home = MakeHome();
   OtherProcess& other = home->other();
   WindowSystem& windows = home->platform().windows;
+
+ private:
+  Window Keep(Window window) {
+    made.insert(window);
+    return window;
+  }
+  std::set<Window> made;
 };
 
 using List = std::vector<Window>;
@@ -133,13 +153,14 @@ TEST_F(Windows, GoToANewParentOnTopOfItsChildrenWithTheirPlace) {
   const Window from = Frame("from"), to = Frame("to");
   const Window moved = Child(from, "AOL Child", "moved", false, {5, 6, 50, 60});
   const Window there = Child(to, "A", "there", false, {1, 2, 30, 40});
-  EXPECT_EQ(windows.PlaceOf(moved), (Rect{15, 26, 50, 60}));
+  EXPECT_EQ(PlaceInParent(moved), (Rect{5, 6, 50, 60}));
   windows.SetParent(moved, to);
   EXPECT_EQ(windows.Parent(moved), to);
   EXPECT_EQ(Siblings(to), (List{moved, there}));
   EXPECT_EQ(windows.TopChild(from), Window{});
   windows.Place(moved, {7, 8, 9, 10});
-  EXPECT_EQ(windows.PlaceOf(moved), (Rect{17, 28, 9, 10}));
+  EXPECT_EQ(PlaceInParent(moved), (Rect{7, 8, 9, 10}));
+  EXPECT_EQ(windows.PlaceOf(to), (Rect{10, 20, 600, 400}));
   windows.SetParent(to, moved);
   EXPECT_EQ(windows.Parent(to), Window{}) << "no window goes into its own child";
 }

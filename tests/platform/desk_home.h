@@ -27,6 +27,9 @@ class DeskOther : public OtherProcess, public WindowProcedure {
   void Record(std::vector<MessageId> ids) override { recorded_ = {ids.begin(), ids.end()}; }
   std::vector<std::string> TakeLog() override;
   std::uint32_t Allocate(const std::string& bytes) override { return desk_.Allocate(id_, bytes); }
+  void SendText(Window window, MessageId id, const std::string& text) override {
+    desk_.RunAs(id_, [&] { desk_.platform().windows.SendText(window, id, 0, text); });
+  }
   ProcessId Id() override { return id_; }
 
   MessageResult OnMessage(Window window, const Message& message) override;

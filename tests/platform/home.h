@@ -32,6 +32,8 @@ class OtherProcess {
   // What came since the last call, like "frame:destroy", "box:char(65)", "box:settext(hello)".
   virtual std::vector<std::string> TakeLog() = 0;
   virtual std::uint32_t Allocate(const std::string& bytes) = 0;
+  // Sends a message with a text to a window of its own; a private message's goes no further.
+  virtual void SendText(Window window, MessageId id, const std::string& text) = 0;
   virtual ProcessId Id() = 0;
 };
 

@@ -11,6 +11,7 @@
 #pragma once
 
 #include "platform/desk/journal.h"
+#include "platform/desk/prompt.h"
 #include "platform/platform.h"
 
 #include <cstdint>
@@ -52,19 +53,6 @@ class Agent {
   // The virtual time (milliseconds since the desk began) at which it wants to act next, if known;
   // the clock will not jump over it.
   virtual std::optional<std::int64_t> NextActAt() = 0;
-};
-
-// A dialog of the system that waits for the user, or an open pop-up menu.
-struct Prompt {
-  enum class Kind { kOpenFile, kSaveFile, kColor, kPlainMessage, kPopup } kind;
-  std::string text;   // message text, or the dialog's description
-  int style = 0;      // of a plain message box
-  MenuHandle menu{};  // of a pop-up
-  bool answered = false;
-  std::optional<std::string> path{};  // answers; nothing is Cancel
-  std::optional<Color> color{};
-  int button = 0;
-  std::uint32_t row = 0;
 };
 
 using TaskId = std::uint64_t;

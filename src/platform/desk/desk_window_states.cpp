@@ -91,7 +91,8 @@ void DeskWindows::Enable(Window window, bool enabled) {
   WindowNode* node = impl_->tree.Find(window);
   if (!node || node->enabled == enabled) return;
   node->enabled = enabled;
-  if (!enabled && impl_->focus == window) impl_->MoveFocus({});
+  const bool byItself = node->process == &impl_->core().processes.Current();
+  if (!enabled && byItself && impl_->focus == window) impl_->MoveFocus({});
   impl_->Ask(window, {.id = wm::kEnable, .wParam = enabled});
   impl_->core().processes.ThrowIfEnded();
 }

@@ -24,6 +24,7 @@ using DefaultWork = MessageResult (*)(Impl&, WindowNode&, const Message&);
 
 MessageResult TakeText(Impl&, WindowNode& node, const Message& message) {
   node.text = message.text;
+  node.caret = 0;
   return 1;
 }
 
@@ -49,15 +50,15 @@ MessageResult PassNoticeUp(Impl& windows, WindowNode& node, const Message& messa
   return 0;
 }
 
-// An edit box with the caret at its end.
+// At the caret, which stands in front of a text that was set.
 MessageResult TypeCharacter(Impl&, WindowNode& node, const Message& message) {
   constexpr WParam kBackspace = 8, kReturn = 13, kFirstPrintable = 32;
   const bool rich = node.systemClass == SystemClass::kRichEdit;
   if (!rich && node.systemClass != SystemClass::kEdit) return 0;
   if (message.wParam == kBackspace) {
-    if (!node.text.empty()) node.text.pop_back();
+    if (node.caret > 0) node.text.erase(--node.caret, 1);
   } else if (message.wParam >= kFirstPrintable || (rich && message.wParam == kReturn)) {
-    node.text += static_cast<char>(message.wParam);
+    node.text.insert(node.caret++, 1, static_cast<char>(message.wParam));
   }
   return 0;
 }

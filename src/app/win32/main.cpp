@@ -1,0 +1,26 @@
+// corvel32.exe: the program in real windows.
+#include "app/corvel_process.h"
+#include "base/error.h"
+#include "platform/win32/win32_platform.h"
+
+#include <windows.h>
+
+namespace {
+
+// The program lives on events until its last window has gone.
+void Live(corvel::Platform& platform) {
+  corvel::CorvelProcess process(platform);
+  process.Start();
+  try {
+    while (!process.Finished()) platform.events.Pump({"WinMain", corvel::WaitFor::kUser});
+  } catch (const corvel::ProcessExit&) {  // by itself, or with the end of the session
+  }
+}
+
+}  // namespace
+
+int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
+  corvel::win32::Win32Platform home;
+  Live(home.platform());
+  return 0;
+}

@@ -1,0 +1,45 @@
+#include "platform/win32/win32_clock.h"
+
+#include <iterator>
+#include <windows.h>
+
+namespace corvel::win32 {
+
+std::uint32_t Win32Clock::TickCount() { return GetTickCount(); }
+
+CivilTime Win32Clock::Now() {
+  SYSTEMTIME now;
+  GetLocalTime(&now);
+  return {.year = now.wYear,
+          .month = now.wMonth,
+          .day = now.wDay,
+          .hour = now.wHour,
+          .minute = now.wMinute,
+          .second = now.wSecond,
+          .millisecond = now.wMilliseconds};
+}
+
+std::string Win32Clock::TimeZoneName() {
+  TIME_ZONE_INFORMATION zone{};
+  if (GetTimeZoneInformation(&zone) == TIME_ZONE_ID_INVALID) return {};
+  char name[2 * std::size(zone.StandardName) + 1] = {};  // wide on every release
+  const int size = WideCharToMultiByte(CP_ACP, 0, zone.StandardName, -1, name, sizeof name - 1,
+                                       nullptr, nullptr);
+  return size > 0 ? std::string(name) : std::string();
+}
+
+void Win32Random::Reseed() {
+  FILETIME now;
+  GetSystemTimeAsFileTime(&now);
+  state_ +=
+      (static_cast<std::uint64_t>(now.dwHighDateTime) << 32 | now.dwLowDateTime) + GetTickCount();
+}
+
+double Win32Random::Draw() {
+  std::uint64_t z = state_ += 0x9E3779B97F4A7C15u;  // SplitMix64
+  z = (z ^ z >> 30) * 0xBF58476D1CE4E5B9u;
+  z = (z ^ z >> 27) * 0x94D049BB133111EBu;
+  return static_cast<double>((z ^ z >> 31) >> 11) * 0x1p-53;
+}
+
+}  // namespace corvel::win32

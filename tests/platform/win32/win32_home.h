@@ -1,0 +1,71 @@
+// Real windows as a home of the conformance suite.
+#pragma once
+
+#include "platform/own_windows.h"
+#include "platform/win32/win32_platform.h"
+#include "tests/platform/home.h"
+#include "tests/platform/win32/channel.h"
+
+#include <memory>
+
+namespace corvel::test {
+
+// other.exe, which lies beside the test program, running.
+class OtherProgram {
+ public:
+  OtherProgram();
+  ~OtherProgram();
+  OtherProgram(const OtherProgram&) = delete;
+  OtherProgram& operator=(const OtherProgram&) = delete;
+
+  ProcessId id() const { return process_.dwProcessId; }
+  HWND channel() const { return channel_; }
+
+ private:
+  HWND WaitForChannel() const;
+  PROCESS_INFORMATION process_{};
+  HWND channel_ = nullptr;
+};
+
+class Win32Other : public OtherProcess, public WindowProcedure {
+ public:
+  explicit Win32Other(OwnWindows& own);
+  ~Win32Other() override;
+  Window Make(const std::string& name, const NewWindow& window) override;
+  void Destroy(Window window) override;
+  Window ShowDialog(Window owner, const std::string& caption, const std::string& text) override;
+  void MakeMenu(Window window, const std::vector<std::string>& rows) override;
+  void AnswerWith(MessageId id, MessageResult result) override;
+  void Record(std::vector<MessageId> ids) override;
+  std::vector<std::string> TakeLog() override { return Request({"log"}); }
+  std::uint32_t Allocate(const std::string& bytes) override;
+  void SendText(Window window, MessageId id, const std::string& text) override;
+  ProcessId Id() override { return program_.id(); }
+  void Settle() { Request({"settle"}); }
+
+  MessageResult OnMessage(Window window, const Message& message) override;
+
+ private:
+  Words Request(const Words& words);
+  std::uint32_t RequestNumber(const Words& words);
+
+  OwnWindows& own_;
+  OtherProgram program_;
+  Window channel_{};
+  Words reply_;
+};
+
+class Win32Home : public Home {
+ public:
+  Platform& platform() override { return system_.platform(); }
+  OtherProcess& other() override { return other_; }
+  std::string Folder() override;
+  void Run(const std::function<void()>& code) override { code(); }
+  void RunFor(std::int64_t ms) override;
+
+ private:
+  win32::Win32Platform system_;
+  Win32Other other_{system_.platform().ownWindows};
+};
+
+}  // namespace corvel::test

@@ -1,0 +1,253 @@
+// Controls in real windows: they show their state, and what the user does reaches it once.
+#include "base/text.h"
+#include "tests/win32forms/forms_on_windows.h"
+
+#include <stdexcept>
+
+namespace corvel::forms {
+namespace {
+
+struct AllKinds : AnyForm {
+  using AnyForm::AnyForm;
+  Label label{*this, "label", "&Name:"};
+  TextBox text{*this, "text"};
+  Button ok{*this, "ok", "OK"}, cancel{*this, "cancel", "Cancel"};
+  FlatButton flat{*this, "flat", "&Flat"};
+  CheckBox check{*this, "check", "Chec&k"};
+  OptionButton copy{*this, "copy", "Copy"}, move{*this, "move", "Move"};
+  ListBox list{*this, "list", true}, marks{*this, "marks", false, true};
+  ComboBox combo{*this, "combo"};
+  ListView view{*this, "view", {"Wav", "Text"}};
+  TabStrip tabs{*this, "tabs"};
+  ProgressBar bar{*this, "bar"};
+  PictureBox picture{*this, "picture"};
+  Frame frame{*this, "frame", "Frame"};
+  std::vector<std::string> log;
+
+  void Form_Load() override {
+    ok.SetDefault(true);
+    cancel.SetCancel(true);
+    copy.SetValue(true);
+    for (const char* row : {"pear", "apple", "fig"}) {
+      list.AddItem(row);
+      combo.AddItem(row);
+      tabs.AddItem(row);
+      marks.AddItem(row);
+    }
+    view.SetItems({"a\tfirst", "b\tsecond"});
+    for (Control* control : Controls())
+      control->onClick = [this, control] { log.push_back(control->Name()); };
+    Arrange(
+        Row({Column({Cell(label), Cell(text), Cell(ok), Cell(cancel), Cell(flat), Cell(check),
+                     Cell(copy), Cell(move)}),
+             Column({Cell(list), Cell(marks), Cell(combo)}),
+             Column({Cell(view), Cell(tabs), Cell(bar), Cell(picture), Framed(frame, Space())})}));
+  }
+  std::vector<std::string> Taken() { return std::exchange(log, {}); }
+};
+
+using Words = std::vector<std::string>;
+
+class ControlsOnWindows : public FormsOnWindows {
+ protected:
+  ControlsOnWindows() : form(forms_.LoadNew<AllKinds>(forms_)) {
+    form->Show();
+    Settle();
+  }
+  Words MarkedRows() {
+    Words rows;
+    for (int row = 0; row < form->marks.ListCount(); ++row) {
+      const bool shown = Ask(form->marks, LB_GETSEL, static_cast<WPARAM>(row)) > 0;
+      EXPECT_EQ(shown, form->marks.Selected(row)) << "row " << row;
+      if (shown) rows.push_back(form->marks.List(row));
+    }
+    return rows;
+  }
+  std::shared_ptr<AllKinds> form;
+};
+
+TEST_F(ControlsOnWindows, EachKindIsAWindowOfItsClassInItsPlace) {
+  const std::pair<Control*, const char*> kClasses[] = {{&form->label, "Static"},
+                                                       {&form->text, "Edit"},
+                                                       {&form->ok, "Button"},
+                                                       {&form->check, "Button"},
+                                                       {&form->copy, "Button"},
+                                                       {&form->list, "ListBox"},
+                                                       {&form->combo, "ComboBox"},
+                                                       {&form->view, "SysListView32"},
+                                                       {&form->tabs, "SysTabControl32"},
+                                                       {&form->bar, "msctls_progress32"},
+                                                       {&form->flat, "CorvelControl"},
+                                                       {&form->picture, "CorvelControl"},
+                                                       {&form->frame, "CorvelControl"}};
+  for (const auto& [control, className] : kClasses) {
+    EXPECT_STRCASEEQ(platform().windows.ClassOf(control->Handle()).c_str(), className);
+    RECT place{};
+    GetWindowRect(HwndOf(*control), &place);
+    MapWindowPoints(nullptr, win32::ToHwnd(form->Handle()), reinterpret_cast<POINT*>(&place), 2);
+    EXPECT_EQ(place.left, control->State().place.left) << control->Name();
+    EXPECT_EQ(place.top, control->State().place.top) << control->Name();
+    EXPECT_EQ(place.right - place.left, control->State().place.width) << control->Name();
+    control->SetEnabled(false);
+    EXPECT_FALSE(IsWindowEnabled(HwndOf(*control))) << control->Name();
+    control->SetVisible(false);
+    EXPECT_FALSE(IsWindowVisible(HwndOf(*control))) << control->Name();
+    control->SetEnabled(true);
+    control->SetVisible(true);
+    EXPECT_TRUE(IsWindowEnabled(HwndOf(*control)) && IsWindowVisible(HwndOf(*control)))
+        << control->Name();
+  }
+}
+
+TEST_F(ControlsOnWindows, WhatIsSetFromCodeIsShownAndRaisesNothing) {
+  form->text.onChange = [&] { form->log.push_back("change"); };
+  form->text.SetText("set");
+  form->label.SetCaption("L");
+  form->bar.SetValue(40);
+  form->copy.SetValue(false);
+  form->marks.SetSelected(1, true);
+  form->list.RemoveItem(0);
+  form->list.AddItem("banana");
+  form->view.AddItem("c\tthird");
+  Settle();
+  EXPECT_EQ(form->Taken(), Words{});
+  EXPECT_EQ(ShownText(form->text), "set");
+  EXPECT_EQ(ShownText(form->label), "L");
+  EXPECT_EQ(Ask(form->bar, PBM_GETPOS), 40);
+  EXPECT_EQ(Ask(form->copy, BM_GETCHECK), BST_UNCHECKED);
+  EXPECT_EQ(MarkedRows(), Words{"apple"});
+  Words rows;
+  for (int row = 0; row < Ask(form->list, LB_GETCOUNT); ++row) {
+    char text[64]{};
+    Ask(form->list, LB_GETTEXT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(text));
+    rows.push_back(text);
+  }
+  EXPECT_EQ(rows, (Words{"banana", "fig", "pear"}));
+  char cell[64]{};
+  LVITEMA item{};
+  item.iSubItem = 1;
+  item.pszText = cell;
+  item.cchTextMax = sizeof cell;
+  Ask(form->view, LVM_GETITEMTEXTA, 2, reinterpret_cast<LPARAM>(&item));
+  EXPECT_STREQ(cell, "third");
+}
+
+TEST_F(ControlsOnWindows, ATypedTextArrivesOnceAlsoWhereTheProcedureSetsAnother) {
+  int changes = 0;
+  form->text.onChange = [&] {
+    ++changes;
+    form->text.SetText(Upper(form->text.Text()));
+  };
+  EXPECT_EQ(Did(peers().Type(form->text.Handle(), "hello")), "");
+  EXPECT_EQ(form->text.Text(), "HELLO");
+  EXPECT_EQ(ShownText(form->text), "HELLO");
+  EXPECT_EQ(changes, 1);
+}
+
+TEST_F(ControlsOnWindows, ClicksReachEveryClickableKind) {
+  for (Control* control :
+       {static_cast<Control*>(&form->ok), static_cast<Control*>(&form->flat),
+        static_cast<Control*>(&form->label), static_cast<Control*>(&form->picture),
+        static_cast<Control*>(&form->check), static_cast<Control*>(&form->move)}) {
+    EXPECT_EQ(Did(peers().Click(control->Handle())), "");
+    EXPECT_EQ(form->Taken(), Words{control->Name()});
+  }
+  EXPECT_EQ(form->check.Value(), 1);
+  EXPECT_EQ(Ask(form->check, BM_GETCHECK), BST_CHECKED);
+  EXPECT_EQ(Ask(form->move, BM_GETCHECK), BST_CHECKED);
+  EXPECT_EQ(Ask(form->copy, BM_GETCHECK), BST_UNCHECKED);
+}
+
+TEST_F(ControlsOnWindows, RowsAreChosenInEveryKindOfList) {
+  for (Rows* rows : {static_cast<Rows*>(&form->list), static_cast<Rows*>(&form->combo),
+                     static_cast<Rows*>(&form->view), static_cast<Rows*>(&form->tabs)}) {
+    EXPECT_EQ(Did(peers().Select(rows->Handle(), 1, false)), "");
+    EXPECT_EQ(rows->ListIndex(), 1) << rows->Name();
+    EXPECT_EQ(form->Taken(), Words{rows->Name()});
+  }
+  bool doubleClicked = false;
+  form->view.onDblClick = [&] { doubleClicked = true; };
+  EXPECT_EQ(Did(peers().DoubleClick(form->view.Handle())), "");
+  EXPECT_TRUE(doubleClicked);
+}
+
+TEST_F(ControlsOnWindows, MarksOfTheListAndOfItsWindowAreTheSame) {
+  const Window marks = form->marks.Handle();
+  Did(peers().Select(marks, 0, false));
+  EXPECT_EQ(MarkedRows(), Words{"pear"});
+  Did(peers().Select(marks, 2, true));
+  EXPECT_EQ(MarkedRows(), (Words{"pear", "fig"}));
+  Did(peers().Select(marks, 0, true));  // turned over
+  EXPECT_EQ(MarkedRows(), Words{"fig"});
+  // A stretch of rows, as with the Shift key.
+  Ask(form->marks, LB_SELITEMRANGE, TRUE, MAKELPARAM(0, 2));
+  SendMessageA(win32::ToHwnd(form->Handle()), WM_COMMAND, MAKEWPARAM(0, LBN_SELCHANGE),
+               reinterpret_cast<LPARAM>(HwndOf(form->marks)));
+  Settle();
+  EXPECT_EQ(MarkedRows(), (Words{"pear", "apple", "fig"}));
+  Did(peers().Select(marks, 1, false));
+  EXPECT_EQ(MarkedRows(), Words{"apple"});
+}
+
+TEST_F(ControlsOnWindows, AHundredThousandRowsComeQuickly) {
+  std::vector<std::string> many;
+  for (int i = 0; i < 100000; ++i) many.push_back("row " + std::to_string(i));
+  const DWORD begin = GetTickCount();
+  form->marks.SetItems(many);
+  form->view.SetItems(many);
+  EXPECT_LT(GetTickCount() - begin, 3000U);
+  EXPECT_EQ(Ask(form->view, LVM_GETITEMCOUNT), 100000);
+  EXPECT_GE(Ask(form->marks, LB_GETCOUNT), 32767);
+}
+
+TEST_F(ControlsOnWindows, WhatAUserCannotReachIsRefusedInWords) {
+  form->ok.SetEnabled(false);
+  form->flat.SetVisible(false);
+  EXPECT_EQ(Did(peers().Click(form->ok.Handle())), "ok is disabled");
+  EXPECT_EQ(Did(peers().Click(form->flat.Handle())), "flat is not visible");
+  EXPECT_EQ(Did(peers().Select(form->list.Handle(), 7, false)), "list has no row 7");
+  EXPECT_EQ(Did(peers().Type(form->list.Handle(), "x")), "list is not a text box");
+  EXPECT_EQ(Did(peers().DoubleClick(form->view.Handle())), "view has no current row");
+  form->Hide();
+  EXPECT_EQ(Did(peers().Click(form->cancel.Handle())), "frmAny is not visible");
+  EXPECT_EQ(form->Taken(), Words{});
+}
+
+TEST_F(ControlsOnWindows, AFormMayGoInTheMidstOfAnyOfItsEvents) {
+  struct Deed {
+    const char* name;
+    std::function<win32::Win32Peers::Done(AllKinds&)> act;
+  };
+  const Deed kDeeds[] = {
+      {"ok", [this](AllKinds& f) { return peers().Click(f.ok.Handle()); }},
+      {"flat", [this](AllKinds& f) { return peers().Click(f.flat.Handle()); }},
+      {"list", [this](AllKinds& f) { return peers().Select(f.list.Handle(), 1, false); }},
+      {"marks", [this](AllKinds& f) { return peers().Select(f.marks.Handle(), 1, false); }},
+      {"view", [this](AllKinds& f) { return peers().Select(f.view.Handle(), 1, false); }},
+      {"combo", [this](AllKinds& f) { return peers().Select(f.combo.Handle(), 1, false); }},
+      {"text", [this](AllKinds& f) { return peers().Type(f.text.Handle(), "x"); }},
+      {"key", [this](AllKinds& f) { return peers().Press(f.text.Handle(), corvel::Key::kEnter); }},
+  };
+  for (const Deed& deed : kDeeds) {
+    const auto going = forms_.LoadNew<AllKinds>(forms_);
+    going->Show();
+    Settle(20);
+    const HWND window = win32::ToHwnd(going->Handle());
+    for (Control* control : going->Controls()) control->onClick = [&] { going->Unload(); };
+    going->text.onChange = [&] { going->Unload(); };
+    EXPECT_EQ(Did(deed.act(*going)), "") << deed.name;
+    EXPECT_FALSE(IsWindow(window)) << deed.name;
+  }
+}
+
+TEST_F(ControlsOnWindows, WhatAnEventProcedureThrowsComesOutOfThePump) {
+  form->ok.onClick = [] { throw std::logic_error("a fault of ours"); };
+  const auto done = peers().Click(form->ok.Handle());
+  EXPECT_THROW(Settle(), std::logic_error);
+  EXPECT_TRUE(peers().IsOver(done.task));
+  EXPECT_EQ(Did(peers().Click(form->flat.Handle())), "");  // and life goes on
+  EXPECT_EQ(form->Taken(), Words{"flat"});
+}
+
+}  // namespace
+}  // namespace corvel::forms

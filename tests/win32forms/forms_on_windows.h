@@ -1,0 +1,88 @@
+// A form in real windows, whose controls and event procedures a test makes, and a user's hand.
+#pragma once
+
+#include "forms/form.h"
+#include "forms/timer.h"
+#include "platform/win32/handles.h"
+#include "platform/win32/win32_peers.h"
+#include "platform/win32/win32_platform.h"
+
+#include <commctrl.h>
+#include <functional>
+#include <gtest/gtest.h>
+#include <memory>
+#include <string>
+#include <vector>
+#include <windows.h>
+
+namespace corvel::forms {
+
+class AnyForm : public Form {
+ public:
+  explicit AnyForm(Forms& forms) : Form(forms, "frmAny", "Any form") {}
+  using Form::Arrange;
+  using Form::SetBorder;
+  using Form::SetEtchedEdge;
+  using Form::SetResizable;
+  std::function<bool(bool)> onQueryUnload;
+  std::function<void(MessageId, LParam)> onMessage;
+  int moves = 0;
+
+ protected:
+  bool Form_QueryUnload(bool byUser) override { return !onQueryUnload || onQueryUnload(byUser); }
+  void Form_Message(MessageId id, WParam, LParam lParam) override {
+    if (onMessage) onMessage(id, lParam);
+  }
+  void Form_Move() override { ++moves; }
+};
+
+class FormsOnWindows : public testing::Test {
+ protected:
+  void TearDown() override {
+    forms_.UnloadAll();
+    EXPECT_TRUE(peers().Forms().empty());
+  }
+
+  Platform& platform() { return home_.platform(); }
+  win32::Win32Peers& peers() { return home_.peers(); }
+
+  // Lets everything happen that is waiting to, and what comes of it.
+  void Settle(DWORD milliseconds = 60) {
+    const DWORD begin = GetTickCount();
+    while (GetTickCount() - begin < milliseconds)
+      platform().events.Pump({"a test's wait", WaitFor::kTime, begin + milliseconds});
+  }
+
+  // The user has done it, and all that came of it is over. Why he couldn't, or "".
+  std::string Did(const win32::Win32Peers::Done& done) {
+    const DWORD begin = GetTickCount();
+    while (!peers().IsOver(done.task) && GetTickCount() - begin < 5000) Settle(10);
+    Settle(20);
+    return done.refusal;
+  }
+
+  static HWND HwndOf(const Control& control) { return win32::ToHwnd(control.Handle()); }
+  static LRESULT Ask(const Control& control, UINT id, WPARAM wParam = 0, LPARAM lParam = 0) {
+    return SendMessageA(HwndOf(control), id, wParam, lParam);
+  }
+  static std::string ShownText(const Control& control) {
+    char text[256]{};
+    GetWindowTextA(HwndOf(control), text, sizeof text);
+    return text;
+  }
+  // A key as the keyboard brings it: through the queue, to the window that has the focus.
+  void Key(WPARAM virtualKey) {
+    PostMessageA(GetFocus(), WM_KEYDOWN, virtualKey, 1);
+    PostMessageA(GetFocus(), WM_KEYUP, virtualKey, static_cast<LPARAM>(0xC0000001));
+    Settle(20);
+  }
+  void AltLetter(char letter) {
+    PostMessageA(GetFocus(), WM_SYSCHAR, static_cast<WPARAM>(letter), 1L << 29);
+    Settle(20);
+  }
+
+  win32::Win32Platform home_;
+  Forms forms_{home_.platform()};
+};
+
+}  // namespace corvel::forms

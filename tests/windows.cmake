@@ -1,0 +1,51 @@
+# The tests on real windows. They run beside one another badly: each owns the foreground.
+find_path(CORVEL_GTEST src/gtest-all.cc PATHS /usr/src/googletest/googletest REQUIRED
+  NO_CMAKE_FIND_ROOT_PATH)
+add_library(corvel_gtest STATIC ${CORVEL_GTEST}/src/gtest-all.cc)
+target_include_directories(corvel_gtest SYSTEM
+  PUBLIC ${CMAKE_CURRENT_SOURCE_DIR}/platform/win32 ${CORVEL_GTEST}/include
+  PRIVATE ${CORVEL_GTEST})
+
+# The conformance suite, and the other process that it looks at.
+file(GLOB conformance CONFIGURE_DEPENDS platform/conformance_*_test.cpp)
+add_executable(test_platform ${conformance} platform/home.cpp platform/win32/main.cpp
+  platform/win32/own_windows_test.cpp platform/win32/services_test.cpp
+  platform/win32/win32_home.cpp)
+target_link_libraries(test_platform corvel_win32 corvel_gtest)
+add_executable(conformance_other WIN32 platform/home.cpp platform/win32/other_main.cpp)
+target_link_libraries(conformance_other corvel_win32)
+set_target_properties(conformance_other PROPERTIES OUTPUT_NAME other)
+# All of it stands in one folder, with the library that the hooks bring into the other process.
+set_target_properties(test_platform conformance_other PROPERTIES
+  RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR} CROSSCOMPILING_EMULATOR wine)
+add_dependencies(test_platform conformance_other corvelhk)
+add_test(NAME platform COMMAND test_platform --gtest_brief=1)
+set_tests_properties(platform PROPERTIES RUN_SERIAL ON)
+
+# The practice client as a process, seen through its channel.
+add_executable(test_practice practice/win32/practice_exe_test.cpp)
+target_link_libraries(test_practice corvel_practice_channel corvel_win32 corvel_gtest)
+set_target_properties(test_practice PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}
+  CROSSCOMPILING_EMULATOR wine)
+add_dependencies(test_practice practice launch32)
+add_test(NAME practice COMMAND test_practice --gtest_brief=1)
+set_tests_properties(practice PROPERTIES RUN_SERIAL ON)
+
+# The program's forms and controls as windows, under a user's hand.
+file(GLOB win32forms CONFIGURE_DEPENDS win32forms/*.cpp)
+add_executable(test_win32forms ${win32forms} platform/win32/main.cpp)
+target_link_libraries(test_win32forms corvel_forms corvel_win32 corvel_gtest)
+set_target_properties(test_win32forms PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}
+  CROSSCOMPILING_EMULATOR wine)
+add_test(NAME win32forms COMMAND test_win32forms --gtest_brief=1)
+set_tests_properties(win32forms PROPERTIES RUN_SERIAL ON)
+
+# What runs inside the client: every way of dying and hanging, on both sides.
+file(GLOB hook_tests CONFIGURE_DEPENDS hooks/*.cpp)
+add_executable(hook_test ${hook_tests})
+target_link_libraries(hook_test corvel_win32)
+set_target_properties(hook_test PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}
+  CROSSCOMPILING_EMULATOR wine)
+add_dependencies(hook_test corvelhk)
+add_test(NAME hooks COMMAND hook_test)
+set_tests_properties(hooks PROPERTIES RUN_SERIAL ON TIMEOUT 300)
