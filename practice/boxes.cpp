@@ -3,10 +3,13 @@
 #include "practice/client.h"
 #include "practice/markup.h"
 #include "practice/room.h"
+#include "practice/simple_layout.h"
 #include "practice/text_box.h"
 
 namespace corvel::practice {
 namespace {
+
+constexpr Size kModalSize{300, 140};
 
 class Modal : public ClientWindow {
  public:
@@ -33,11 +36,12 @@ class UntitledWindow : public Document {
 
  protected:
   void Fill() override {
-    client().AddControl<PlainWindow>(window(), "_AOL_FONTCOMBO", "");
+    client().AddControl<PlainWindow>(window(), "_AOL_FONTCOMBO", "Arial");
     for (int i = 0; i < 8; ++i) client().AddIcon(window());
     text_ = client().AddControl<TextBox>(window(), "RICHCNTL", "", TextBox::Use::kPage);
   }
   Window FirstFocus() override { return text_; }
+  Rect FirstPlace() const override { return {60, 30, 420, 260}; }
 
  private:
   Window text_{};
@@ -141,10 +145,16 @@ Window OpenModal(Client& client, std::string caption, std::function<void()> when
   NewWindow plan;
   plan.className = "_AOL_MODAL";
   plan.caption = std::move(caption);
-  plan.place = {200, 150, 300, 160};
+  plan.place = {200, 150, kModalSize.width, kModalSize.height};
   const Window modal = client.Make(plan, std::make_shared<Modal>(client, std::move(whenGone)));
   client.windows().SetOwner(modal, client.frame());
   return modal;
+}
+
+void ArrangeModal(Client& client, Window modal) {
+  // Of the outer size, frame and title bar take about so much.
+  constexpr int kSides = 8, kTitle = 28;
+  if (modal) ArrangeBox(client, modal, {kModalSize.width - kSides, kModalSize.height - kTitle});
 }
 
 void OpenAbout(Client& client) {
@@ -154,6 +164,7 @@ void OpenAbout(Client& client) {
     client.AddControl<PlainWindow>(box, "_AOL_GLYPH", "");
     client.AddStatic(box, client.facts().name);
     client.AddIcon(box, "OK");
+    ArrangeModal(client, box);
   });
 }
 
@@ -182,6 +193,7 @@ void BeginUpload(Client& client) {
                              [&client] { client.windows().Enable(client.frame(), true); });
   client.AddStatic(session.upload, "Now Uploading");
   client.AddControl<PlainWindow>(session.upload, "_AOL_GAUGE", "");
+  ArrangeModal(client, session.upload);
   client.windows().Enable(client.frame(), false);
 }
 
@@ -196,6 +208,7 @@ void OpenRoomFull(Client& client, const std::string& room) {
       client.AddControl<Icon>(box, "_AOL_BUTTON", "OK");
     else
       client.AddIcon(box, "OK");
+    ArrangeModal(client, box);
   });
 }
 

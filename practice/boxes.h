@@ -12,6 +12,9 @@ namespace corvel::practice {
 // closes it. `whenGone` runs once, however it goes.
 Window OpenModal(Client& client, std::string caption, std::function<void()> whenGone = {});
 
+// Gives its controls their places, once they are all there.
+void ArrangeModal(Client& client, Window modal);
+
 // The about box, which comes after the delay. Closing it ends a stuck hourglass.
 void OpenAbout(Client& client);
 

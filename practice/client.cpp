@@ -49,6 +49,12 @@ Window Client::AddStatic(Window parent, std::string caption) {
   return AddControl<PlainWindow>(parent, "_AOL_STATIC", std::move(caption));
 }
 
+void Client::Put(Window window, const Rect& place) {
+  if (window) windows().Place(window, place);
+}
+
+int Client::LineHeight() { return platform_.display.TextExtent("Mg", {}).height; }
+
 ClientWindow* Client::Find(Window window) const {
   const auto at = living_.find(window.value);
   return at == living_.end() ? nullptr : at->second.get();

@@ -74,6 +74,9 @@ class Client {
                     Arguments&&... arguments);
   Window AddIcon(Window parent, std::string caption = "", bool enabled = true);
   Window AddStatic(Window parent, std::string caption);
+  // Gives a control its place; nothing for window 0.
+  void Put(Window window, const Rect& place);
+  int LineHeight();  // pixels that a line of text takes
   // The object of a living window of the client; nullptr for any other window.
   ClientWindow* Find(Window window) const;
   template <class T>

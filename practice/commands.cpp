@@ -130,7 +130,7 @@ class Turned {
     TextBox* entry = im == nullptr ? nullptr : im->entry();
     if (entry == nullptr) return;
     entry_ = entry->window();
-    client.windows().Show(entry_, show::kShow);
+    im->ShowEntry();
     client.windows().SetFocus(entry_);
   }
   // Not if something else has taken the keyboard meanwhile.

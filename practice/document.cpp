@@ -1,6 +1,8 @@
 #include "practice/document.h"
 
 #include "practice/client.h"
+#include "practice/simple_layout.h"
+#include "practice/text_box.h"
 
 namespace corvel::practice {
 
@@ -13,7 +15,8 @@ void Document::Create() {
   plan.className = "AOL Child";
   plan.caption = caption_;
   plan.parent = client().mdi();
-  plan.place = {20, 20, 420, 300};
+  plan.place = FirstPlace();
+  if (size_ == Size{}) size_ = {plan.place.width, plan.place.height};
   plan.visible = false;
   plan.mdiChild = true;
   client().Make(plan, shared_from_this());
@@ -23,6 +26,7 @@ void Document::Stand() {
   if (!Alive()) return;
   Fill();
   filled_ = true;
+  if (Alive()) Rearrange();
   client().windows().Show(window(), show::kShow);
   const Window focus = FirstFocus();
   if (Alive() && focus) client().windows().SetFocus(focus);
@@ -36,7 +40,41 @@ void Document::SetCaption(const std::string& caption) {
 MessageResult Document::Handle(const Message& message) {
   // While it goes the system looks for another window to take its focus, which it must not be.
   if (message.id == wm::kClose) closing_ = true;
-  return Default(message);
+  const MessageResult result = Default(message);
+  if (message.id == wm::kSize) OnSize(message);
+  if (message.id == wm::kSetFocus && Alive())
+    if (const Window focus = FocusWhenActive()) client().windows().SetFocus(focus);
+  return result;
+}
+
+void Document::OnSize(const Message& message) {
+  constexpr WParam kMinimized = 1;
+  if (message.wParam == kMinimized) return;
+  size_ = {static_cast<int>(message.lParam & 0xFFFF),
+           static_cast<int>(message.lParam >> 16 & 0xFFFF)};
+  if (Filled()) Rearrange();
+}
+
+void Document::Rearrange() { Arrange(Area(size_, client().LineHeight())); }
+
+void Document::Arrange(Area area) { ArrangeSimply(client(), window(), area); }
+
+bool Document::OnNotice(Notice notice, Window control, char) {
+  return notice == Notice::kTab && GoToNextText(control);
+}
+
+bool Document::GoToNextText(Window from) {
+  WindowSystem& windows = client().windows();
+  Window at = from;
+  do {
+    at = windows.Next(at);
+    if (!at) at = windows.TopChild(window());
+    const auto* box = client().FindAs<TextBox>(at);
+    if (box == nullptr || !box->CanType() || !windows.IsVisible(at)) continue;
+    windows.SetFocus(at);
+    return true;
+  } while (at && at != from);
+  return false;
 }
 
 Window Document::FocusWhenActive() {

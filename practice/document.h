@@ -1,6 +1,7 @@
 // A document window of the client: an MDI child with its controls.
 #pragma once
 
+#include "practice/area.h"
 #include "practice/client_window.h"
 
 #include <string>
@@ -27,16 +28,27 @@ class Document : public ClientWindow {
   void Dismiss();
   // As by its frame: a closing message, which others may see or stop.
   void Close();
+  // Tab goes on to the next text that can be typed into.
+  bool OnNotice(Notice notice, Window control, char character) override;
 
  protected:
   MessageResult Handle(const Message& message) override;
   virtual void Fill() = 0;
   // The control that gets the keyboard when the window comes; 0 for none.
   virtual Window FirstFocus() { return {}; }
+  // Where it comes up, in the pixels of the MDI client.
+  virtual Rect FirstPlace() const { return {130, 70, 320, 150}; }
+  // Gives the controls their places. By itself: labels and edits from the top, buttons at the
+  // bottom, lists and texts in between.
+  virtual void Arrange(Area area);
+  void Rearrange();
 
  private:
+  void OnSize(const Message& message);
+  bool GoToNextText(Window from);
   std::string caption_;
   Window lastFocus_{};
+  Size size_{};
   bool filled_ = false;
   bool closing_ = false;
 };

@@ -1,14 +1,16 @@
 #include "practice/frame.h"
 
 #include "practice/boxes.h"
+#include "practice/by_hand.h"
 #include "practice/client.h"
 #include "practice/mail.h"
 #include "practice/menu_bar.h"
+#include "practice/sign_on.h"
 
 namespace corvel::practice {
 namespace {
 
-constexpr int kToolbarIcons = 10;
+constexpr int kToolbarIcons = 10, kToolbarHeight = 48;
 
 NewWindow Plan(std::string className, Window parent, Rect place) {
   NewWindow plan;
@@ -28,6 +30,22 @@ void PassFocusOn(Client& client) {
   if (control) windows.SetFocus(control);
 }
 
+struct ToolbarRow {
+  const char* face;
+  void (*run)(Client&);
+};
+
+void SignOnOrOff(Client& client) { client.SignedOn() ? SignOff(client) : ShowSignOn(client); }
+
+// The second icon writes mail, the third tells the Australian client from the British one.
+constexpr ToolbarRow kToolbar[kToolbarIcons] = {
+    {"read", OpenInbox},       {"write", OpenWriteMail},      {"mail center", OpenInbox},
+    {"im", OpenEmptyCompose},  {"find a chat", OpenChatList}, {"keyword", OpenKeywordBox},
+    {"locate", OpenLocateBox}, {"profile", OpenGetProfile},   {"sign on/off", SignOnOrOff},
+    {"about", OpenAbout},
+};
+constexpr int kIconWidth = 76;
+
 Window ToolbarOf(Client& client) {
   WindowSystem& windows = client.windows();
   const Window outer = windows.FindChild(client.frame(), {}, "AOL Toolbar", std::nullopt);
@@ -45,9 +63,26 @@ MessageResult Frame::Handle(const Message& message) {
   if (message.id == wm::kCommand &&
       RunMenuCommand(client(), static_cast<std::uint32_t>(message.wParam & 0xFFFF)))
     return 0;
+  if (message.id == wm::kSize) {
+    // By itself the system would give all the space to the documents.
+    constexpr WParam kMinimized = 1;
+    if (message.wParam != kMinimized)
+      Arrange(static_cast<int>(message.lParam & 0xFFFF),
+              static_cast<int>(message.lParam >> 16 & 0xFFFF));
+    return 0;
+  }
   const MessageResult result = Default(message);
   if (message.id == wm::kSetFocus) PassFocusOn(client());
   return result;
+}
+
+void Frame::Arrange(int width, int height) {
+  WindowSystem& windows = client().windows();
+  const Window bar = windows.FindChild(window(), {}, "AOL Toolbar", std::nullopt);
+  client().Put(bar, {0, 0, width, kToolbarHeight});
+  client().Put(windows.FindChild(bar, {}, "_AOL_Toolbar", std::nullopt),
+               {0, 0, width, kToolbarHeight});
+  client().Put(client().mdi(), {0, kToolbarHeight, width, height - kToolbarHeight});
 }
 
 MessageResult MdiClient::Handle(const Message& message) {
@@ -61,20 +96,21 @@ void Frame::OnDestroyed() { client().FrameGone(); }
 void Toolbar::Fill() {
   const Facts& facts = client().facts();
   for (int i = 1; i <= kToolbarIcons; ++i) {
-    // The second icon writes mail, the third tells the Australian client from the British one.
     const bool australian = facts.Is(Locale::kAustralia);
-    const char* text = i == 2   ? "write"
-                       : i == 3 ? (australian ? "e-mail centre" : "mail center")
-                                : "";
+    const ToolbarRow& row = kToolbar[i - 1];
     const bool needsService = i == facts.onlineIcon || i == 2;
-    icons_.push_back(client().AddIcon(window(), text, !needsService));
+    const Window icon = client().AddIcon(
+        window(), i == 3 && australian ? "e-mail centre" : row.face, !needsService);
+    icons_.push_back(icon);
+    client().Put(icon, {4 + (i - 1) * (kIconWidth + 2), 4, kIconWidth, kToolbarHeight - 8});
   }
 }
 
 bool Toolbar::OnNotice(Notice notice, Window control, char character) {
   if (icons_.size() < 2) return false;
-  if (notice == Notice::kClick && control == icons_[1]) {
-    OpenWriteMail(client());
+  if (notice == Notice::kClick) {
+    for (std::size_t i = 0; i < icons_.size(); ++i)
+      if (icons_[i] == control) kToolbar[i].run(client());
     return true;
   }
   if (notice == Notice::kCharacter && control == icons_[0] && character == 'g' &&
@@ -99,12 +135,12 @@ void MakeFrame(Client& client) {
     outer = std::make_shared<PlainWindow>(client);
   else
     outer = toolbar;
-  const Rect bar{0, 0, 800, 60};
+  const Rect bar{0, 0, 800, kToolbarHeight};
   const Window outerWindow = client.Make(Plan("AOL Toolbar", frame, bar), outer);
   if (nested) client.Make(Plan("_AOL_Toolbar", outerWindow, bar), toolbar);
   toolbar->Fill();
 
-  const Rect rest{0, 60, 800, 510};
+  const Rect rest{0, kToolbarHeight, 800, 570 - kToolbarHeight};
   client.SetMdi(client.Make(Plan("MDIClient", frame, rest), std::make_shared<MdiClient>(client)));
 }
 

@@ -14,6 +14,9 @@ class Frame : public ClientWindow {
  protected:
   MessageResult Handle(const Message& message) override;
   void OnDestroyed() override;
+
+ private:
+  void Arrange(int width, int height);
 };
 
 // Holds the documents.

@@ -8,6 +8,7 @@ namespace corvel::practice {
 namespace {
 
 constexpr int kIcons = 16;  // of a conversation
+constexpr std::int32_t kTheirColor = 0x0000FF, kOwnColor = 0xFF0000;
 
 std::string Caption(const std::string& person, bool fromThem, bool unread) {
   return std::string(unread ? ">" : "") + "Instant Message " + (fromThem ? "From: " : "To: ") +
@@ -47,10 +48,10 @@ void ImWindow::FillConversation() {
   const Facts& facts = c.facts();
   for (int i = 1; i < facts.imNameStatic; ++i)
     c.AddControl<PlainWindow>(window(), "_AOL_Static", "Instant Message");
-  c.AddControl<PlainWindow>(window(), "_AOL_Static", person_);
+  name_ = c.AddControl<PlainWindow>(window(), "_AOL_Static", person_);
   transcript_ = c.AddControl<TextBox>(window(), "RICHCNTL", "", TextBox::Use::kReadOnly);
   entry_ = c.AddControl<TextBox>(window(), "RICHCNTL", "", TextBox::Use::kPage);
-  if (auto* box = c.FindAs<TextBox>(transcript_)) box->Append(shown_);
+  if (auto* box = c.FindAs<TextBox>(transcript_)) box->Append(shown_.text, shown_.looks);
   for (int i = 1; i <= kIcons; ++i) {
     const char* text = i == facts.imSendIcon       ? "Send"
                        : i == facts.imSendIcon + 1 ? "Respond"
@@ -60,27 +61,54 @@ void ImWindow::FillConversation() {
   }
   // What has come only shows until the user wants to answer; what the user began can be written in.
   const Window respond = icons_[static_cast<std::size_t>(facts.imSendIcon)];
-  c.windows().Show(begun_ == Begun::kByUser ? respond : entry_, show::kHide);
+  answers_ = begun_ == Begun::kByUser;
+  c.windows().Show(answers_ ? respond : entry_, show::kHide);
 }
 
-void ImWindow::Append(std::string_view sender, std::string_view text) {
-  const std::string line = std::string(sender) + ":\t" + Rendered(text) + "\r";
-  auto* box = client().FindAs<TextBox>(transcript_);
-  if (box == nullptr) {
-    shown_ += line;
-    return;
+void ImWindow::ShowEntry() {
+  answers_ = true;
+  client().windows().Show(entry_, show::kShow);
+  if (Filled()) Rearrange();
+}
+
+void ImWindow::Arrange(Area area) {
+  if (begun_ == Begun::kFromInternet) return Document::Arrange(area);
+  constexpr int kButton = 84;
+  client().Put(name_, area.Top(area.line() + 2));
+  Area strip = area.Within(area.Bottom(area.control()));
+  const Facts& facts = client().facts();
+  const auto send = static_cast<std::size_t>(facts.imSendIcon - 1);
+  if (icons_.size() > static_cast<std::size_t>(facts.imNotifyIcon)) {
+    // Send and Respond take the same place: whichever is of use lies there.
+    const Rect first = strip.Left(kButton);
+    client().Put(icons_[send], answers_ ? first : Rect{});
+    client().Put(icons_[send + 1], answers_ ? Rect{} : first);
+    client().Put(icons_[static_cast<std::size_t>(facts.imNotifyIcon - 1)], strip.Right(kButton));
   }
-  box->Append(line);
-  client().windows().SendText(transcript_, kTextAppended, 0, line);
+  if (answers_) client().Put(entry_, area.Bottom(area.Rest().height * 2 / 5));
+  client().Put(transcript_, area.Rest());
+}
+
+void ImWindow::Append(std::string_view sender, std::int32_t color, std::string_view text) {
+  ShownText shown;
+  shown.Add(std::string(sender) + ":\t", {.color = color, .bold = true});
+  shown.Add(Shown(text));
+  shown.Add("\r");
+  auto* box = client().FindAs<TextBox>(transcript_);
+  if (box == nullptr) return shown_.Add(shown);
+  box->Append(shown.text, shown.looks);
+  client().windows().SendText(transcript_, kTextAppended, 0, shown.text);
   client().windows().Send(transcript_, kTextLaidOut, 0, 0);
 }
 
 void ImWindow::Receive(const std::string& text) {
-  Append(person_, text);
+  Append(person_, kTheirColor, text);
   if (Alive()) SetCaption(Caption(person_, true, !HasFocus()));
 }
 
-void ImWindow::ShowSent(const std::string& text) { Append(client().session().signedOnAs, text); }
+void ImWindow::ShowSent(const std::string& text) {
+  Append(client().session().signedOnAs, kOwnColor, text);
+}
 
 bool ImWindow::HasFocus() const {
   const Window focus = client().windows().Focus();
@@ -96,6 +124,7 @@ std::string ImWindow::transcriptText() const {
 
 bool ImWindow::OnNotice(Notice notice, Window control, char) {
   const auto send = static_cast<std::size_t>(client().facts().imSendIcon - 1);
+  if (notice == Notice::kTab) return Document::OnNotice(notice, control, 0);
   if (notice == Notice::kFocus && caption().starts_with('>')) {
     SetCaption(caption().substr(1));
   } else if (notice == Notice::kControlEnter && control == entry_) {
@@ -107,8 +136,8 @@ bool ImWindow::OnNotice(Notice notice, Window control, char) {
   } else if (icons_.size() > send + 1 && control == icons_[send]) {
     Send();
   } else if (icons_.size() > send + 1 && control == icons_[send + 1]) {
-    client().windows().Show(entry_, show::kShow);
     client().windows().Show(control, show::kHide);
+    ShowEntry();
   }
   return true;
 }
@@ -121,6 +150,7 @@ void ImWindow::Accept() {
     client().platform().ownWindows.Destroy(child);
   begun_ = Begun::kByThem;
   if (Alive()) FillConversation();
+  if (Alive()) Rearrange();
 }
 
 void ImWindow::Send() {
@@ -138,7 +168,7 @@ ComposeWindow::ComposeWindow(Client& client, std::string to)
 void ComposeWindow::Fill() {
   Client& c = client();
   constexpr int kIconsBefore = 9;  // so Send is the tenth
-  c.AddStatic(window(), "To:");
+  label_ = c.AddStatic(window(), "To:");
   to_ = c.AddControl<TextBox>(window(), "_AOL_EDIT", "", TextBox::Use::kLine);
   if (auto* box = c.FindAs<TextBox>(to_)) box->SetText(name_);
   for (int i = 0; i < kIconsBefore; ++i) c.AddIcon(window());
@@ -147,6 +177,17 @@ void ComposeWindow::Fill() {
   const int between = c.facts().Is(Locale::kUk) ? 2 : 0;
   for (int i = 0; i < between; ++i) c.AddIcon(window());
   available_ = c.AddIcon(window(), "Available?");
+}
+
+void ComposeWindow::Arrange(Area area) {
+  constexpr int kLabel = 30, kButton = 84;
+  Area head = area.Within(area.Top(area.control()));
+  client().Put(label_, head.Left(kLabel));
+  client().Put(to_, head.Rest());
+  Area strip = area.Within(area.Bottom(area.control()));
+  client().Put(send_, strip.Left(kButton));
+  client().Put(available_, strip.Right(kButton));
+  client().Put(message_, area.Rest());
 }
 
 bool ComposeWindow::OnNotice(Notice notice, Window control, char) {
@@ -158,7 +199,7 @@ bool ComposeWindow::OnNotice(Notice notice, Window control, char) {
     AskAvailable();
     return true;
   }
-  return false;
+  return Document::OnNotice(notice, control, 0);
 }
 
 std::string ComposeWindow::To() {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "practice/document.h"
+#include "practice/markup.h"
 
 #include <string>
 #include <string_view>
@@ -25,24 +26,28 @@ class ImWindow : public Document {
   // A message of the user that has gone out.
   void ShowSent(const std::string& text);
   TextBox* entry();
+  void ShowEntry();  // the user wants to answer
   std::string transcriptText() const;
   bool OnNotice(Notice notice, Window control, char character) override;
 
  protected:
   void Fill() override;
+  Rect FirstPlace() const override { return {340, 290, 430, 175}; }
+  void Arrange(Area area) override;
 
  private:
   void FillConversation();
   void FillRequest();
-  void Append(std::string_view sender, std::string_view text);
+  void Append(std::string_view sender, std::int32_t color, std::string_view text);
   void Send();
   void Accept();
   bool HasFocus() const;
 
   std::string person_;
   Begun begun_;
-  std::string shown_;  // what the transcript holds before it has a control
-  Window transcript_{}, entry_{}, accept_{};
+  bool answers_ = false;
+  ShownText shown_;  // what the transcript holds before it has a control
+  Window transcript_{}, entry_{}, accept_{}, name_{};
   std::vector<Window> icons_;
 };
 
@@ -54,14 +59,16 @@ class ComposeWindow : public Document {
 
  protected:
   void Fill() override;
-  Window FirstFocus() override { return message_; }
+  Window FirstFocus() override { return name_.empty() ? to_ : message_; }
+  Rect FirstPlace() const override { return {150, 90, 400, 230}; }
+  void Arrange(Area area) override;
 
  private:
   void Send();
   void AskAvailable();
   std::string To();
   std::string name_;
-  Window to_{}, message_{}, send_{}, available_{};
+  Window label_{}, to_{}, message_{}, send_{}, available_{};
 };
 
 // A message arrives: in the window that is open with this person, or in a new one.

@@ -14,19 +14,46 @@ std::string MailWindow::Field(const std::string& name) {
 
 WriteMailWindow::WriteMailWindow(Client& client) : MailWindow(client, client.facts().writeTitle) {}
 
+Window WriteMailWindow::AddLabel(std::string text) {
+  return labels_.emplace_back(client().AddStatic(window(), std::move(text)));
+}
+
 void WriteMailWindow::FillHead() {
   Client& c = client();
-  c.AddStatic(window(), "Send To:");
+  AddLabel("Send To:");
   to_ = c.AddControl<TextBox>(window(), "_AOL_EDIT", "", TextBox::Use::kLine);
-  c.AddStatic(window(), "Copy To:");
+  AddLabel("Copy To:");
   copy_ = c.AddControl<TextBox>(window(), "_AOL_EDIT", "", TextBox::Use::kLine);
-  c.AddStatic(window(), "Subject:");
+  AddLabel("Subject:");
   subject_ = c.AddControl<TextBox>(window(), "_AOL_EDIT", "", TextBox::Use::kLine);
 }
 
 void WriteMailWindow::FillIcons(int count) {
-  for (int i = 1; i <= count; ++i)
-    client().AddIcon(window(), i == client().facts().attachIcon ? client().facts().attachText : "");
+  const Facts& facts = client().facts();
+  for (int i = 1; i <= count; ++i) {
+    const bool attaches = i == facts.attachIcon, sends = i == count && !attaches;
+    const Window icon = client().AddIcon(window(), attaches ? facts.attachText
+                                                   : sends  ? "Send"
+                                                            : "");
+    if (attaches) attach_ = icon;
+    if (sends) send_ = icon;
+  }
+}
+
+void WriteMailWindow::Arrange(Area area) {
+  constexpr int kLabel = 56, kButton = 80, kFont = 140;
+  const Window fields[] = {to_, copy_, subject_};
+  for (std::size_t i = 0; i < std::size(fields) && i < labels_.size(); ++i) {
+    Area row = area.Within(area.Top(area.control()));
+    client().Put(labels_[i], row.Left(kLabel));
+    client().Put(fields[i], row.Rest());
+  }
+  Area strip = area.Within(area.Bottom(area.control()));
+  client().Put(send_, send_ ? strip.Right(kButton) : Rect{});
+  client().Put(attach_, strip.Left(kButton));
+  client().Put(receipt_, strip.Rest());
+  if (font_) client().Put(font_, area.Within(area.Top(area.control())).Left(kFont));
+  client().Put(body_, area.Rest());
 }
 
 void WriteMailWindow::Fill() {
@@ -41,14 +68,20 @@ void WriteMailWindow::Fill() {
     return;
   }
   FillHead();
-  c.AddControl<PlainWindow>(window(), "_AOL_FontCombo", "");
+  font_ = c.AddControl<PlainWindow>(window(), "_AOL_FontCombo", "Arial");
   FillIcons(kIcons4);
   body_ = c.AddControl<TextBox>(window(), "RICHCNTL", "", TextBox::Use::kPage);
-  c.AddControl<PlainWindow>(window(), "_AOL_Checkbox",
-                            "Request \"Return Receipt\" from AOL members");
+  receipt_ = c.AddControl<PlainWindow>(window(), "_AOL_Checkbox",
+                                       "Request \"Return Receipt\" from AOL members");
 }
 
 bool WriteMailWindow::OnNotice(Notice notice, Window control, char) {
+  if (notice == Notice::kClick && control == send_ && send_) {
+    // Nobody is there to get it.
+    Close();
+    client().ShowMessage("Your mail has been sent.");
+    return true;
+  }
   if (notice != Notice::kTab) return false;
   const Window order[] = {to_, copy_, subject_, body_};
   for (std::size_t at = 0; at < std::size(order); ++at)
@@ -70,10 +103,18 @@ void ReadMailWindow::Fill() {
   body_ = c.AddControl<TextBox>(window(), "RICHCNTL", "", TextBox::Use::kReadOnly);
   if (TextBox* box = body()) box->SetText(text_);
   for (int i = 1; i < c.facts().replyStatic; ++i) c.AddStatic(window(), i == 1 ? "Subj:" : "");
-  c.AddStatic(window(), "Reply");
-  c.AddIcon(window(), "Reply");
-  c.AddStatic(window(), "Forward");
-  c.AddIcon(window(), "Forward");
+  for (const char* text : {"Reply", "Forward"}) {
+    labels_.push_back(c.AddStatic(window(), text));
+    icons_.push_back(c.AddIcon(window(), text));
+  }
+}
+
+void ReadMailWindow::Arrange(Area area) {
+  // The pictures of the buttons stand above their labels.
+  constexpr int kButton = 72;
+  Area side = area.Within(area.Right(kButton));
+  for (const Window icon : icons_) client().Put(icon, side.Top(side.control()));
+  client().Put(body_, area.Rest());
 }
 
 std::string ReadMailWindow::Field(const std::string& name) {

@@ -5,6 +5,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace corvel::practice {
 
@@ -30,11 +31,15 @@ class WriteMailWindow : public MailWindow {
  protected:
   void Fill() override;
   Window FirstFocus() override { return to_; }
+  Rect FirstPlace() const override { return {30, 20, 520, 340}; }
+  void Arrange(Area area) override;
 
  private:
   void FillHead();
   void FillIcons(int count);
-  Window to_{}, copy_{}, subject_{};
+  Window AddLabel(std::string text);
+  Window to_{}, copy_{}, subject_{}, font_{}, receipt_{}, attach_{}, send_{};
+  std::vector<Window> labels_;
 };
 
 class ReadMailWindow : public MailWindow {
@@ -44,9 +49,12 @@ class ReadMailWindow : public MailWindow {
 
  protected:
   void Fill() override;
+  Rect FirstPlace() const override { return {50, 30, 480, 300}; }
+  void Arrange(Area area) override;
 
  private:
   std::string text_;
+  std::vector<Window> labels_, icons_;
 };
 
 void OpenWriteMail(Client& client);

@@ -2,8 +2,10 @@
 
 #include "base/text.h"
 #include "practice/boxes.h"
+#include "practice/by_hand.h"
 #include "practice/mail.h"
 #include "practice/sign_on.h"
+#include "practice/text_box.h"
 
 #include <span>
 
@@ -17,6 +19,14 @@ enum : std::uint32_t {
   kSignOn,
   kSignOff,
   kAbout,
+  kChatList,
+  kKeyword,
+  kLocate,
+  kUndo,
+  kCut,
+  kCopy,
+  kPaste,
+  kSelectAll,
   kIdleRow,  // rows that the practice client has for their count alone
   kTile = 1212,
   kCascade = 1213,
@@ -44,8 +54,13 @@ constexpr Row kFile[] = {{"&New\tCtrl+N", kNew},
                          {"&Print...\tCtrl+P"},
                          {""},
                          {"E&xit", kExitCommand}};
-constexpr Row kEdit[] = {{"&Undo\tCtrl+Z"},  {""}, {"Cu&t\tCtrl+X"},       {"&Copy\tCtrl+C"},
-                         {"&Paste\tCtrl+V"}, {""}, {"Select &All\tCtrl+A"}};
+constexpr Row kEdit[] = {{"&Undo\tCtrl+Z", kUndo},
+                         {""},
+                         {"Cu&t\tCtrl+X", kCut},
+                         {"&Copy\tCtrl+C", kCopy},
+                         {"&Paste\tCtrl+V", kPaste},
+                         {""},
+                         {"Select &All\tCtrl+A", kSelectAll}};
 // Ten rows: whoever lists the open windows here does so from position 10 on.
 constexpr Row kWindow[] = {{"&Cascade", kCascade},
                            {"&Tile", kTile},
@@ -59,14 +74,14 @@ constexpr Row kWindow[] = {{"&Cascade", kCascade},
                            {""}};
 constexpr Row kSession[] = {{kSignOnCaption, kSignOn}, {"Sign &Off", kSignOff}};
 constexpr Row kHelp[] = {{"&Offline Help"}, {""}, {kAboutCaption, kAbout}};
-constexpr Row kPeople[] = {{"&Find a Chat"}, {"&Locate Member Online\tCtrl+L"}};
+constexpr Row kPeople[] = {{"&Find a Chat", kChatList}, {"&Locate Member Online\tCtrl+L", kLocate}};
 
 constexpr Row kGoTo3[] = {
-    {kSignOnCaption, kSignOn}, {"&Keyword...\tCtrl+K"}, {"Sign &Off", kSignOff}};
+    {kSignOnCaption, kSignOn}, {"&Keyword...\tCtrl+K", kKeyword}, {"Sign &Off", kSignOff}};
 constexpr Row kMail3[] = {
     {"Post &Office"}, {"&Read New Mail\tCtrl+R"}, {"&Compose Mail\tCtrl+M", kComposeMail}};
 constexpr Row kMembers3[] = {{"Get a Member's Profile\tCtrl+G", kGetProfile},
-                             {"&Locate a Member Online\tCtrl+L"}};
+                             {"&Locate a Member Online\tCtrl+L", kLocate}};
 
 constexpr Menu kMenus3[] = {{"&File", kFile},   {"&Edit", kEdit},  {"&Window", kWindow},
                             {"&Go To", kGoTo3}, {"&Mail", kMail3}, {"Mem&bers", kMembers3},
@@ -93,14 +108,33 @@ std::string_view CaptionOf(const Facts& facts, const Row& row) {
 
 void RunExit(Client& client) { client.platform().ownWindows.Destroy(client.frame()); }
 
+// The rows of the Edit menu are the text's that has the keyboard.
+template <WParam order>
+void EditText(Client& client) {
+  const Window focus = client.windows().Focus();
+  if (client.FindAs<TextBox>(focus)) client.windows().Send(focus, wm::kCommand, order, 0);
+}
+
 struct MenuAction {
   std::uint32_t id;
   void (*run)(Client&);
 };
 
 constexpr MenuAction kMenuActions[] = {
-    {kNew, OpenUntitled},    {kComposeMail, OpenWriteMail}, {kGetProfile, OpenGetProfile},
-    {kSignOn, ShowSignOn},   {kSignOff, SignOff},           {kAbout, OpenAbout},
+    {kNew, OpenUntitled},
+    {kComposeMail, OpenWriteMail},
+    {kGetProfile, OpenGetProfile},
+    {kSignOn, ShowSignOn},
+    {kSignOff, SignOff},
+    {kAbout, OpenAbout},
+    {kChatList, OpenChatList},
+    {kKeyword, OpenKeywordBox},
+    {kLocate, OpenLocateBox},
+    {kUndo, EditText<text_command::kUndo>},
+    {kCut, EditText<text_command::kCut>},
+    {kCopy, EditText<text_command::kCopy>},
+    {kPaste, EditText<text_command::kPaste>},
+    {kSelectAll, EditText<text_command::kSelectAll>},
     {kExitCommand, RunExit},
 };
 

@@ -63,7 +63,8 @@ class PracticeClient {
   // One command of the user or the world: the words of a scenario line of "The user in the client",
   // and `sign-on NAME`, `sign-off`, `client-close`, `client-delay SECONDS`. Texts are Windows-1252.
   Reply Do(const std::vector<std::string>& words);
-  // One question: `input` (the chat input's text), `view` (the room's view), `line-seen PERSON
+  // One question: `input` (the chat input's text), `view` (the room's view), `room` (its
+  // name, "" for none), `line-seen PERSON
   // TEXT`
   // ("1"/"0"), `im PERSON text|open`, `mail to|subject|body|attached`, `menu CAPTION` ("1"/"0"),
   // `enabled` (its main window), `signed-on-as`, `target` (the window class and caption on top).

@@ -21,6 +21,11 @@ Reply AskInput(Client& client, const Words&) {
   return input == nullptr ? Reply{"no room is open", {}} : Answer(input->text());
 }
 
+Reply AskRoom(Client& client, const Words&) {
+  const auto room = client.Standing<RoomWindow>();
+  return Answer(room ? room->caption() : "");
+}
+
 Reply AskView(Client& client, const Words&) {
   const auto room = client.Standing<RoomWindow>();
   return room ? Answer(room->viewText()) : Reply{"no room is open", {}};
@@ -76,6 +81,7 @@ struct Question {
 
 constexpr Question kQuestions[] = {
     {"input", AskInput},
+    {"room", AskRoom},
     {"view", AskView},
     {"line-seen", AskLineSeen},
     {"im", AskIm},

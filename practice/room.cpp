@@ -2,6 +2,7 @@
 
 #include "practice/boxes.h"
 #include "practice/client.h"
+#include "practice/im.h"
 #include "practice/markup.h"
 #include "practice/row_list.h"
 #include "practice/text_box.h"
@@ -28,26 +29,49 @@ void RoomWindow::Fill3() {
   input_ = c.AddControl<TextBox>(window(), "_AOL_EDIT", "", TextBox::Use::kLine);
   sendIcon_ = c.AddIcon(window(), "Send");
   list_ = c.AddControl<RowList>(window(), "_AOL_LISTBOX", "");
-  c.AddIcon(window(), "Chat Preferences");
+  preferences_ = c.AddIcon(window(), "Chat Preferences");
 }
 
 void RoomWindow::Fill4() {
   Client& c = client();
   view_ = c.AddControl<TextBox>(window(), "RICHCNTL", "", TextBox::Use::kReadOnly);
-  c.AddControl<PlainWindow>(window(), "_AOL_COMBOBOX", "");
-  for (const char* face : {"B", "I", "U"}) c.AddIcon(window(), face);
+  faces_.push_back(c.AddControl<PlainWindow>(window(), "_AOL_COMBOBOX", "Arial"));
+  for (const char* face : {"B", "I", "U"}) faces_.push_back(c.AddIcon(window(), face));
   input_ = c.AddControl<TextBox>(window(), "RICHCNTL", "", TextBox::Use::kLine);
   // The British room has one control more between the input and its icon.
   if (c.facts().Is(Locale::kUk)) c.AddStatic(window(), "");
   sendIcon_ = c.AddIcon(window(), "Send");
-  c.AddStatic(window(), "people here");
+  heading_ = c.AddStatic(window(), "people here");
   list_ = c.AddControl<RowList>(window(), "_AOL_LISTBOX", "");
-  c.AddIcon(window(), "Chat Preferences");
+  preferences_ = c.AddIcon(window(), "Chat Preferences");
+}
+
+void RoomWindow::Arrange(Area area) {
+  constexpr int kPeople = 130, kSend = 64, kFont = 130, kFace = 24;
+  Area side = area.Within(area.Right(kPeople));
+  client().Put(heading_, heading_ ? side.Top(side.line() + 2) : Rect{});
+  client().Put(preferences_, side.Bottom(side.control()));
+  client().Put(list_, side.Rest());
+  Area entry = area.Within(area.Bottom(area.control()));
+  client().Put(sendIcon_, entry.Right(kSend));
+  client().Put(input_, entry.Rest());
+  if (!faces_.empty()) {
+    Area strip = area.Within(area.Bottom(area.control()));
+    for (const Window face : faces_)
+      client().Put(face, strip.Left(face == faces_.front() ? kFont : kFace));
+  }
+  client().Put(view_, area.Rest());
 }
 
 bool RoomWindow::OnNotice(Notice notice, Window control, char) {
   const bool enter =
       control == input_ && (notice == Notice::kEnter || notice == Notice::kControlEnter);
+  if (control == list_ && notice == Notice::kEnter) {
+    // Pressed twice, a person is written to.
+    const RowList* list = people();
+    if (list != nullptr) OpenCompose(client(), list->NameAt(list->selected()));
+    return true;
+  }
   const bool click = control == sendIcon_ && notice == Notice::kClick;
   if (!enter && !click) return false;
   SendLine();
@@ -83,7 +107,11 @@ void RoomWindow::Show(std::string_view sender, std::string_view text) {
     windows.SendText(view_, wm::kSetText, 0, added);
     return;
   }
-  view->Append(added);
+  ShownText shown;
+  if (!view->text().empty()) shown.Add("\r");
+  shown.Add(std::string(sender) + ":\t", {.bold = true});
+  shown.Add(Shown(text));
+  view->Append(shown.text, shown.looks);
   windows.SendText(view_, kTextAppended, 0, added);
   windows.Send(view_, kTextLaidOut, 0, 0);
 }

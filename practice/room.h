@@ -33,6 +33,8 @@ class RoomWindow : public Document {
   Window listWindow() const { return list_; }
 
  protected:
+  Rect FirstPlace() const override { return {6, 6, 520, 280}; }
+  void Arrange(Area area) override;
   void Fill() override;
   Window FirstFocus() override { return input_; }
 
@@ -41,7 +43,8 @@ class RoomWindow : public Document {
   void Fill4();
   void SendLine();
   std::vector<std::string> waiting_;  // people who are in from the start
-  Window view_{}, input_{}, sendIcon_{}, list_{};
+  Window view_{}, input_{}, sendIcon_{}, list_{}, heading_{}, preferences_{};
+  std::vector<Window> faces_;  // what stands above the input: font and face
 };
 
 // The user comes into a room with these people; the room that stood before closes.

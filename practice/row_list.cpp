@@ -11,7 +11,7 @@ namespace {
 constexpr std::size_t kPointerAt = 24;
 constexpr std::size_t kNameAt = 6;
 constexpr std::size_t kNameBytes = 16;
-constexpr int kRowHeight = 16;  // pixels
+constexpr MessageId kAddString = 0x0180, kDeleteString = 0x0182;
 
 std::string LittleEndian(std::uint32_t number) {
   std::string bytes;
@@ -50,7 +50,14 @@ RowMemory& RowMemory::operator=(RowMemory&& other) noexcept {
   return *this;
 }
 
-void RowList::Add(std::string_view name) { rows_.emplace_back(client().memory(), name); }
+void RowList::Add(std::string_view name) {
+  rows_.emplace_back(client().memory(), name);
+  Changed(kAddString);
+}
+
+void RowList::Changed(MessageId how) {
+  if (Alive()) Default({.id = how});
+}
 
 bool RowList::Remove(std::string_view name) {
   const auto row = RowOf(name);
@@ -60,6 +67,7 @@ bool RowList::Remove(std::string_view name) {
   const int at = static_cast<int>(*row);
   if (selected_ == at) selected_ = -1;
   if (selected_ > at) --selected_;
+  Changed(kDeleteString);
   return true;
 }
 
@@ -78,6 +86,7 @@ std::string RowList::NameAt(int row) const {
 
 void RowList::Select(int row) {
   selected_ = row >= 0 && static_cast<std::size_t>(row) < rows_.size() ? row : -1;
+  Changed(wm::kLbSetCurSel);
 }
 
 LParam RowList::PointOf(std::size_t row) {
@@ -105,6 +114,9 @@ MessageResult RowList::Handle(const Message& message) {
     case wm::kLButtonDown:
     case wm::kRButtonDown:
       Select(static_cast<int>(message.lParam >> 16 & 0xFFFF) / kRowHeight);
+      return 0;
+    case wm::kLButtonDblClk:
+      Tell(Notice::kEnter);
       return 0;
     default:
       return Default(message);

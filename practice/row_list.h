@@ -43,13 +43,16 @@ class RowList : public ClientWindow {
   std::size_t Count() const { return rows_.size(); }
   int selected() const { return selected_; }
   void Select(int row);
+  static constexpr int kRowHeight = 16;  // pixels
   // The point of a row, as mouse messages carry it.
   static LParam PointOf(std::size_t row);
+  const std::vector<RowMemory>& rows() const { return rows_; }
 
  protected:
   MessageResult Handle(const Message& message) override;
 
  private:
+  void Changed(MessageId how);  // tells the system, which draws the rows
   std::vector<RowMemory> rows_;
   int selected_ = -1;
 };

@@ -1,6 +1,7 @@
 #include "practice/sign_on.h"
 
 #include "practice/boxes.h"
+#include "practice/by_hand.h"
 #include "practice/client.h"
 #include "practice/frame.h"
 #include "practice/row_list.h"
@@ -8,6 +9,11 @@
 
 namespace corvel::practice {
 namespace {
+
+constexpr const char* kChannels[] = {
+    "News",  "Sports",   "Games", "Travel",        "Finance",      "Health",    "Families",
+    "Teens", "Kids",     "Local", "Lifestyles",    "Interests",    "Computing", "Research",
+    "Work",  "Shopping", "Women", "Entertainment", "International"};
 
 // The document that generation 5 works in, told by its many check boxes.
 class ChannelsWindow : public Document {
@@ -17,8 +23,15 @@ class ChannelsWindow : public Document {
  protected:
   void Fill() override {
     for (int i = 0; i < client().facts().mainCheckboxes; ++i)
-      client().AddControl<PlainWindow>(window(), "_AOL_Checkbox", "");
+      boxes_.push_back(client().AddControl<PlainWindow>(window(), "_AOL_Checkbox", kChannels[i]));
   }
+  Rect FirstPlace() const override { return {0, 0, 150, 400}; }
+  void Arrange(Area area) override {
+    for (const Window box : boxes_) client().Put(box, area.Top(area.line() + 1));
+  }
+
+ private:
+  std::vector<Window> boxes_;
 };
 
 void Lift(Client& client, Document& document) {
@@ -34,6 +47,7 @@ SignOnWindow::SignOnWindow(Client& client, std::string caption)
 void SignOnWindow::Fill() {
   client().AddStatic(window(), "Select Screen Name:");
   combo_ = client().AddControl<RowList>(window(), "_AOL_COMBOBOX", "");
+  client().AddStatic(window(), "Enter Password (any will do):");
   client().AddControl<TextBox>(window(), "_AOL_EDIT", "", TextBox::Use::kLine);
   client().AddIcon(window(), "Sign On");
   auto* combo = client().FindAs<RowList>(combo_);
@@ -47,7 +61,8 @@ void SignOnWindow::Fill() {
 
 bool SignOnWindow::OnNotice(Notice notice, Window, char) {
   const auto* combo = client().FindAs<RowList>(combo_);
-  if (notice != Notice::kClick || combo == nullptr) return false;
+  const bool wanted = notice == Notice::kClick || notice == Notice::kEnter;
+  if (!wanted || combo == nullptr) return false;
   SignOn(client(), combo->NameAt(combo->selected()));
   return true;
 }
@@ -56,8 +71,13 @@ WelcomeWindow::WelcomeWindow(Client& client)
     : Document(client, "Welcome, " + client.session().signedOnAs + "!") {}
 
 void WelcomeWindow::Fill() {
-  client().AddStatic(window(), "You have no new mail.");
+  client().AddStatic(window(), "A letter waits for you.");
   client().AddIcon(window(), "You've Got Mail");
+}
+
+bool WelcomeWindow::OnNotice(Notice notice, Window, char) {
+  if (notice == Notice::kClick) OpenInbox(client());
+  return notice == Notice::kClick;
 }
 
 void ShowSignOn(Client& client) {
@@ -76,6 +96,7 @@ void SignOn(Client& client, const std::string& name) {
   const Window progress =
       OpenModal(client, "Connecting", [&session] { session.signingOn = false; });
   client.AddIcon(progress, "Cancel");
+  ArrangeModal(client, progress);
   client.AfterDelay([&client, progress, name] {
     // Cancel has closed the window and with it the attempt.
     if (!client.windows().Exists(progress)) return;

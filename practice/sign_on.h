@@ -15,6 +15,7 @@ class SignOnWindow : public Document {
 
  protected:
   void Fill() override;
+  Rect FirstPlace() const override { return {130, 70, 320, 190}; }
 
  private:
   Window combo_{};
@@ -24,6 +25,7 @@ class SignOnWindow : public Document {
 class WelcomeWindow : public Document {
  public:
   explicit WelcomeWindow(Client& client);
+  bool OnNotice(Notice notice, Window control, char character) override;
 
  protected:
   void Fill() override;

@@ -15,6 +15,24 @@ constexpr WParam kDeleteKey = 0x2E;
 // A view holds this many characters at most; the oldest lines go first.
 constexpr std::size_t kLongestView = 60000;
 
+// What Control and a letter type.
+constexpr char kCopyCharacter = 3;
+struct ControlCharacter {
+  char character;
+  WParam order;
+};
+constexpr ControlCharacter kControlCharacters[] = {{1, text_command::kSelectAll},
+                                                   {kCopyCharacter, text_command::kCopy},
+                                                   {22, text_command::kPaste},
+                                                   {24, text_command::kCut},
+                                                   {26, text_command::kUndo}};
+
+WParam OrderOf(char character) {
+  for (const ControlCharacter& row : kControlCharacters)
+    if (row.character == character) return row.order;
+  return 0;
+}
+
 }  // namespace
 
 struct TextBox::Row {
@@ -45,21 +63,39 @@ MessageResult TextBox::Handle(const Message& message) {
 
 void TextBox::SetText(std::string_view text) {
   KeepForUndo();
+  looks_.clear();
   text_ = text;
   start_ = end_ = text_.size();
   Changed();
 }
 
-void TextBox::Append(std::string_view text) {
+void TextBox::Append(std::string_view text, std::span<const LookRun> looks) {
+  AddLooks(text_.size(), text.size(), looks);
   text_ += text;
   if (!CanType() && text_.size() > kLongestView) {
     const std::size_t line = text_.find('\r', text_.size() - kLongestView);
-    const std::size_t cut = line == std::string::npos ? 0 : line + 1;
-    text_.erase(0, cut);
-    start_ -= std::min(start_, cut);
-    end_ -= std::min(end_, cut);
+    if (line != std::string::npos) CutFront(line + 1);
   }
   Changed();
+}
+
+void TextBox::AddLooks(std::size_t at, std::size_t length, std::span<const LookRun> looks) {
+  if (looks_.empty()) looks_ = RunsOf(text_);
+  if (looks.empty()) looks_.push_back({at, length, {}});
+  for (const LookRun& run : looks) looks_.push_back({at + run.start, run.length, run.look});
+}
+
+void TextBox::CutFront(std::size_t length) {
+  text_.erase(0, length);
+  start_ -= std::min(start_, length);
+  end_ -= std::min(end_, length);
+  std::erase_if(looks_, [&](const LookRun& run) { return run.start + run.length <= length; });
+  for (LookRun& run : looks_) {
+    const std::size_t cut = run.start < length ? length - run.start : 0;
+    run.start += cut;
+    run.start -= length;
+    run.length -= cut;
+  }
 }
 
 void TextBox::Select(std::size_t start, std::size_t end) {
@@ -95,8 +131,11 @@ MessageResult TextBox::OnGetTextLength(const Message&) {
 }
 
 MessageResult TextBox::OnChar(const Message& message) {
-  if (!CanType()) return 0;
   const char character = static_cast<char>(message.wParam);
+  if (!CanType()) {
+    if (character == kCopyCharacter) Copy();
+    return 0;
+  }
   switch (character) {
     case '\b':
       Backspace();
@@ -113,6 +152,8 @@ MessageResult TextBox::OnChar(const Message& message) {
     default:
       break;
   }
+  if (const WParam order = OrderOf(character))
+    return OnCommand({.id = wm::kCommand, .wParam = order});
   if (static_cast<unsigned char>(character) < ' ' || character == 127) return 0;
   if (!typing_) KeepForUndo();
   typing_ = true;
@@ -131,6 +172,10 @@ MessageResult TextBox::OnCommand(const Message& message) {
   switch (message.wParam & 0xFFFF) {
     case text_command::kUndo:
       Undo();
+      break;
+    case text_command::kCut:
+      Copy();
+      if (CanType()) Insert("");
       break;
     case text_command::kCopy:
       Copy();
@@ -187,6 +232,7 @@ void TextBox::Insert(std::string_view text) {
 }
 
 void TextBox::Replace(std::size_t start, std::size_t end, std::string_view text) {
+  looks_.clear();
   text_.replace(start, end - start, text);
   start_ = end_ = start + text.size();
   Changed();
@@ -221,6 +267,7 @@ void TextBox::Paste() {
 void TextBox::Undo() {
   if (!CanType()) return;
   typing_ = false;
+  looks_.clear();
   std::swap(text_, before_);
   start_ = end_ = text_.size();
   Changed();

@@ -2,10 +2,13 @@
 #pragma once
 
 #include "practice/client_window.h"
+#include "practice/markup.h"
 
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace corvel::practice {
 
@@ -17,6 +20,7 @@ inline constexpr std::string_view kMailFormat = "AOLMAIL";
 
 namespace text_command {  // wParam of kCommand
 inline constexpr WParam kUndo = 20000;
+inline constexpr WParam kCut = 20001;
 inline constexpr WParam kCopy = 20002;
 inline constexpr WParam kPaste = 20003;
 inline constexpr WParam kClear = 20004;
@@ -37,11 +41,15 @@ class TextBox : public ClientWindow {
   const std::string& text() const { return text_; }
   void SetText(std::string_view text);
   // Adds at the end. Of a text that can't be typed into, lines at the front go when it grows long.
-  void Append(std::string_view text);
+  // `looks` are the added text's; without them it is plain.
+  void Append(std::string_view text, std::span<const LookRun> looks = {});
   void Select(std::size_t start, std::size_t end);
   // Selects the first place of `part`; false if it isn't there.
   bool SelectText(std::string_view part);
   std::pair<std::size_t, std::size_t> selection() const { return {start_, end_}; }
+  // What is to be seen, by the looks that were given with it or by its own mark-up.
+  std::vector<LookRun> Runs() const { return looks_.empty() ? RunsOf(text_) : looks_; }
+  bool BreaksLines() const { return use_ != Use::kLine; }
   bool CanType() const { return use_ == Use::kLine || use_ == Use::kPage; }
 
  protected:
@@ -62,6 +70,8 @@ class TextBox : public ClientWindow {
   MessageResult OnFocus(const Message& message);
   MessageResult OnPrivate(const Message& message);
 
+  void AddLooks(std::size_t at, std::size_t length, std::span<const LookRun> looks);
+  void CutFront(std::size_t length);
   void Insert(std::string_view text);  // over the selection; the caret stands behind it
   void Replace(std::size_t start, std::size_t end, std::string_view text);
   void Backspace();
@@ -73,6 +83,7 @@ class TextBox : public ClientWindow {
 
   Use use_;
   std::string text_;
+  std::vector<LookRun> looks_;       // of a text that was added piece by piece, else empty
   std::size_t start_ = 0, end_ = 0;  // the selection; the caret where they meet
   std::string before_;               // what Undo brings back
   bool typing_ = false;              // keys in a row are undone together
