@@ -7,7 +7,7 @@
 #include "core/settings_store.h"
 #include "platform/desk/desk_services.h"
 #include "platform/desk/desk_windows.h"
-#include "tools/stage.h"
+#include "tools/desk/desk_stage.h"
 
 #include <benchmark/benchmark.h>
 #include <memory>
@@ -24,8 +24,8 @@ void CountSpeed(benchmark::State& state) {
 }
 
 // The program beside a client, in a room if so asked.
-std::unique_ptr<tools::Stage> SignedOnEvening(bool inRoom) {
-  auto stage = std::make_unique<tools::Stage>(1);
+std::unique_ptr<tools::DeskStage> SignedOnEvening(bool inRoom) {
+  auto stage = std::make_unique<tools::DeskStage>(1);
   stage->desk().journal().KeepNothing();
   stage->PutClient();
   stage->desk().RunFor(1000);

@@ -10,19 +10,18 @@
 namespace corvel::tools {
 namespace {
 
-using Control = desk::DeskPeers::ControlView;
 using desk::Prompt;
 
-bool IsButton(const Control& control) {
+bool IsButton(const ControlView& control) {
   return control.state->visible && (control.state->kind == ControlKind::kButton ||
                                     control.state->kind == ControlKind::kFlatButton);
 }
 
 // The button that reads so or, with nothing, the one that Enter presses.
-const Control* FindButton(const std::vector<Control>& controls,
-                          const std::optional<std::string>& caption) {
-  const Control* first = nullptr;
-  for (const Control& control : controls) {
+const ControlView* FindButton(const std::vector<ControlView>& controls,
+                              const std::optional<std::string>& caption) {
+  const ControlView* first = nullptr;
+  for (const ControlView& control : controls) {
     if (!IsButton(control)) continue;
     if (caption ? EqualNoCase(PlainCaption(control.state->text), *caption)
                 : control.state->isDefault)
@@ -33,9 +32,9 @@ const Control* FindButton(const std::vector<Control>& controls,
 }
 
 // The mark-up of a dialog's picture, else what its labels say.
-std::string TextOf(const std::vector<Control>& controls) {
+std::string TextOf(const std::vector<ControlView>& controls) {
   std::string labels;
-  for (const Control& control : controls) {
+  for (const ControlView& control : controls) {
     if (control.state->kind == ControlKind::kPicture && !control.state->text.empty())
       return control.state->text;
     if (control.state->kind != ControlKind::kLabel || control.state->text.empty()) continue;
@@ -82,25 +81,33 @@ const Answers::FormAnswer Answers::kForms[] = {{"frmMsg", &Answers::AnswerMessag
                                                {"frmCMDialog", &Answers::AnswerFolder}};
 
 bool Answers::Act() {
-  if (!stage_.AnyProgramWaitsForUser()) return false;
-  auto& prompts = stage_.desk().Prompts();
+  if (!stage_.ProgramWaitsForUser()) return false;
+  auto& prompts = stage_.Prompts();
   if (!prompts.empty() && AnswerPrompt(*prompts.back())) return true;
-  const auto forms = stage_.desk().peers().Forms();
+  const auto forms = stage_.Forms();
   for (auto form = forms.rbegin(); form != forms.rend(); ++form) {
     if (!form->state->visible) continue;
-    if (form->window == pressed_ && stage_.desk().NowMs() == pressedAt_) return false;
+    if (form->window == filled_) return PressFilled(*form);
+    if (form->window == pressed_ && stage_.NowMs() == pressedAt_) return false;
     for (const FormAnswer& kind : kForms)
       if (EqualNoCase(form->state->name, kind.form)) return (this->*kind.answer)(*form);
   }
   return false;
 }
 
+bool Answers::PressFilled(const FormView& form) {
+  if (typed_.over && !typed_.over()) return false;
+  filled_ = {};
+  Press(form, "OK");
+  return true;
+}
+
 std::string Answers::TakeFailure() { return std::exchange(failure_, {}); }
 
 void Answers::Journal(std::string_view kind, const std::string& text, const std::string& answer,
                       bool queued) {
-  stage_.desk().Note(kind, {text, answer});
-  if (!queued) unexpected.push_back({stage_.desk().journal().Entries().size() - 1, text, line});
+  stage_.Note(kind, {text, answer});
+  if (!queued) unexpected.push_back({stage_.journal().Entries().size() - 1, text, line});
 }
 
 std::optional<std::string> Answers::TakeButton() {
@@ -110,56 +117,57 @@ std::optional<std::string> Answers::TakeButton() {
   return caption;
 }
 
-void Answers::Press(const Form& form, const std::string& caption) {
-  const auto controls = stage_.desk().peers().ControlsOf(form.window);
-  const Control* const button = FindButton(controls, caption);
+void Answers::Press(const FormView& form, const std::string& caption) {
+  const auto controls = stage_.ControlsOf(form.window);
+  const ControlView* const button = FindButton(controls, caption);
   pressed_ = form.window;
-  pressedAt_ = stage_.desk().NowMs();
+  pressedAt_ = stage_.NowMs();
   const std::string refusal =
-      button ? stage_.desk().peers().Click(button->window).refusal : "there is no such button";
+      button ? stage_.Click(button->window).refusal : "there is no such button";
   if (!refusal.empty())
     failure_ = "expected to answer " + caption + " in " + form.state->name + ", got " + refusal;
 }
 
-bool Answers::AnswerMessage(const Form& form) {
-  const auto controls = stage_.desk().peers().ControlsOf(form.window);
+// The button is pressed when the text has been taken.
+void Answers::Fill(const FormView& form, const char* boxName,
+                   const std::optional<std::string>& text) {
+  if (!text) return Press(form, "Cancel");
+  const auto box = user_.FindControl(form.window, boxName, -1);
+  if (box) typed_ = stage_.Type(box->window, *text);
+  filled_ = form.window;
+}
+
+bool Answers::AnswerMessage(const FormView& form) {
+  const auto controls = stage_.ControlsOf(form.window);
   const auto queued = TakeButton();
-  const Control* const usual = FindButton(controls, std::nullopt);
+  const ControlView* const usual = FindButton(controls, std::nullopt);
   const std::string caption = queued  ? *queued
                               : usual ? PlainCaption(usual->state->text)
                                       : std::string("Enter");
   if (told_.insert(form.window).second)
     Journal("message", TextOf(controls), caption, queued.has_value());
   else
-    stage_.desk().Note("answer", {caption});
+    stage_.Note("answer", {caption});
   Press(form, caption);
   return true;
 }
 
-bool Answers::AnswerInput(const Form& form) {
+bool Answers::AnswerInput(const FormView& form) {
   const auto queued = Take(inputs);
   const std::optional<std::string> text = queued ? *queued : std::nullopt;
-  const auto controls = stage_.desk().peers().ControlsOf(form.window);
+  const auto controls = stage_.ControlsOf(form.window);
   Journal("input-box", TextOf(controls), text ? *text : "Cancel", queued.has_value());
-  if (text) {
-    const auto box = stage_.desk().peers().FindControl(form.window, "txtInput", -1);
-    if (box) stage_.desk().peers().Type(box->window, *text);
-  }
-  Press(form, text ? "OK" : "Cancel");
+  Fill(form, "txtInput", text);
   return true;
 }
 
 // The folder chooser is a window like others, so it may also be played by hand: it is left alone
 // unless an answer is queued.
-bool Answers::AnswerFolder(const Form& form) {
+bool Answers::AnswerFolder(const FormView& form) {
   const auto queued = Take(folders);
   if (!queued) return false;
-  stage_.desk().Note("folder", {queued->value_or("Cancel")});
-  if (*queued) {
-    const auto box = stage_.desk().peers().FindControl(form.window, "txtPath", -1);
-    if (box) stage_.desk().peers().Type(box->window, **queued);
-  }
-  Press(form, *queued ? "OK" : "Cancel");
+  stage_.Note("folder", {queued->value_or("Cancel")});
+  Fill(form, "txtPath", *queued);
   return true;
 }
 

@@ -19,7 +19,7 @@ using AnswerQueue = std::deque<std::optional<T>>;
 
 class Answers {
  public:
-  explicit Answers(Stage& stage) : stage_(stage) {}
+  Answers(Stage& stage, User& user) : stage_(stage), user_(user) {}
 
   std::deque<std::string> buttons;  // captions, for message boxes
   AnswerQueue<std::string> inputs, files, folders;
@@ -40,11 +40,9 @@ class Answers {
   int line = 0;  // of the command under way
 
  private:
-  using Form = desk::DeskPeers::FormView;
-  using Control = desk::DeskPeers::ControlView;
   struct FormAnswer {
     const char* form;
-    bool (Answers::*answer)(const Form& form);
+    bool (Answers::*answer)(const FormView& form);
   };
   static const FormAnswer kForms[];
 
@@ -52,17 +50,22 @@ class Answers {
   void AnswerFilePrompt(desk::Prompt& prompt);
   void AnswerColorPrompt(desk::Prompt& prompt);
   void AnswerPlainBox(desk::Prompt& prompt);
-  bool AnswerMessage(const Form& form);
-  bool AnswerInput(const Form& form);
-  bool AnswerFolder(const Form& form);
+  bool AnswerMessage(const FormView& form);
+  bool AnswerInput(const FormView& form);
+  bool AnswerFolder(const FormView& form);
   void Journal(std::string_view kind, const std::string& text, const std::string& answer,
                bool queued);
   std::optional<std::string> TakeButton();
-  void Press(const Form& form, const std::string& caption);
+  void Fill(const FormView& form, const char* boxName, const std::optional<std::string>& text);
+  bool PressFilled(const FormView& form);
+  void Press(const FormView& form, const std::string& caption);
 
   Stage& stage_;
+  User& user_;
   std::set<Window> told_;  // message boxes that are in the journal already
   std::string failure_;
+  Window filled_{};  // has got its text by `typed_`; its button is still to be pressed
+  Deed typed_;
   Window pressed_{};  // a pressed dialog goes when its program has seen it: let time pass first
   std::int64_t pressedAt_ = -1;
 };

@@ -1,6 +1,5 @@
 // The commands for the client: its user, the service and the people in it. The practice client
 // knows what they do; here stands how they read.
-#include "platform/desk/desk_windows.h"
 #include "tools/scenario_commands.h"
 
 #include <memory>
@@ -9,20 +8,15 @@ namespace corvel::tools {
 namespace {
 
 Failure PlayInClient(Play& play, const Words& words) {
-  practice::PracticeClient* const client = play.stage.Client();
-  const std::string what = "expected to do " + words[0] + ", got ";
-  if (!client) return what + "the client is not running";
-  auto reply = std::make_shared<practice::Reply>();
-  play.Await(play.stage.desk().PostTask(
-      play.stage.ClientProcess(), [client, reply, words] { *reply = client->Do(words.All()); }));
-  play.Then([reply, what] { return reply->error.empty() ? "" : what + reply->error; });
-  return {};
+  const std::string what = "do " + words[0];
+  const auto reply = std::make_shared<practice::Reply>();
+  play.Then([&play, reply, what] { return play.Await({.refusal = reply->error}, what); });
+  return play.Await(play.stage.DoInClient(words.All(), reply), what);
 }
 
 Failure PlayCrash(Play& play, const Words&) {
-  const ProcessId client = play.stage.ClientProcess();
-  if (client == 0) return "expected to crash the client, got it is not running";
-  play.stage.desk().Kill(client);
+  if (!play.stage.ClientRuns()) return "expected to crash the client, got it is not running";
+  play.stage.CrashClient();
   return {};
 }
 

@@ -3,9 +3,6 @@
 
 #include "base/text.h"
 #include "core/settings_store.h"
-#include "platform/desk/desk_services.h"
-#include "platform/desk/desk_windows.h"
-#include "practice/practice_client.h"
 #include "tools/answers.h"
 
 #include <algorithm>
@@ -39,7 +36,7 @@ std::vector<std::string> Compared(const desk::JournalEntry& entry) {
 }
 
 std::string SettingOf(Stage& stage, const Words& words, bool& there) {
-  const SettingsStore store(stage.desk().registry());
+  const SettingsStore store(stage.registry());
   const auto names = store.Names(words[2]);
   there = names && std::any_of(names->begin(), names->end(), [&](const std::string& name) {
             return EqualNoCase(name, words[3]);
@@ -105,13 +102,18 @@ const E::Form* E::Find(std::string_view word) {
   return nullptr;
 }
 
-std::string E::Check(const Words& words) { return (this->*Find(words[1])->check)(words); }
+std::string E::Check(const Words& words) {
+  const auto usedBefore = used_;
+  std::string failure = (this->*Find(words[1])->check)(words);
+  if (!failure.empty()) used_ = usedBefore;
+  return failure;
+}
 
 E::Verdict E::AtEnd() {
   for (const auto& dialog : answers_.unexpected)
     if (std::find(named_.begin(), named_.end(), dialog.entry) == named_.end())
       return {"expected no dialog, got " + Quoted(dialog.text), dialog.line};
-  const auto left = stage_.desk().LeftOpen(0);
+  const auto left = stage_.LeftOpen();
   if (!left.empty()) return {"expected nothing left open, got " + left.front(), 0};
   return {};
 }
@@ -120,7 +122,7 @@ E::Verdict E::AtEnd() {
 
 // The next unused entry of one of these kinds, which share one count under the first's name.
 const desk::JournalEntry* E::NextOf(std::initializer_list<std::string_view> kinds) {
-  const auto& entries = stage_.desk().journal().Entries();
+  const auto& entries = stage_.journal().Entries();
   std::size_t& next = used_.try_emplace(std::string(*kinds.begin())).first->second;
   for (; next < entries.size(); ++next)
     if (std::find(kinds.begin(), kinds.end(), entries[next].kind) != kinds.end())
@@ -150,7 +152,7 @@ std::string E::Message(const Words& words) {
     const bool holds = whole ? got == words[2] : got.find(words[2]) != std::string::npos;
     if (!holds && entry->kind == "input-box") continue;
     if (!holds) return Failed(words, "message " + Quoted(got));
-    named_.push_back(static_cast<std::size_t>(entry - stage_.desk().journal().Entries().data()));
+    named_.push_back(static_cast<std::size_t>(entry - stage_.journal().Entries().data()));
     return {};
   }
   return Failed(words, "no message");
@@ -163,7 +165,7 @@ std::string E::NoMore(const Words& words) {
 }
 
 std::string E::Recycled(const Words& words) {
-  for (const Entry& entry : stage_.desk().journal().Entries())
+  for (const Entry& entry : stage_.journal().Entries())
     if (entry.kind == "recycled" && EqualNoCase(entry.words[0], words[2])) return {};
   return Failed(words, "it was not recycled");
 }
@@ -193,18 +195,18 @@ std::string E::NoSetting(const Words& words) {
 }
 
 std::string E::FileIs(const Words& words) {
-  const auto bytes = stage_.desk().files().Peek(words[2]);
+  const auto bytes = stage_.Peek(words[2]);
   return bytes ? Same(words, *bytes, words[3]) : Failed(words, "no such file");
 }
 
 std::string E::FileHas(const Words& words) {
-  const auto bytes = stage_.desk().files().Peek(words[2]);
+  const auto bytes = stage_.Peek(words[2]);
   if (!bytes) return Failed(words, "no such file");
   return Flag(words, bytes->find(words[3]) != std::string::npos, Quoted(*bytes));
 }
 
 std::string E::NoFile(const Words& words) {
-  return Flag(words, !stage_.desk().files().Peek(words[2]), "the file is there");
+  return Flag(words, !stage_.Peek(words[2]), "the file is there");
 }
 
 std::string E::Shown(const Words& words) {
@@ -261,9 +263,7 @@ std::string E::Popup(const Words& words) {
 // --- What the client says ------------------------------------------------------------------------
 
 std::string E::Ask(const std::vector<std::string>& question, std::string& why) {
-  practice::PracticeClient* const client = stage_.Client();
-  practice::Reply reply{"the client is not running", {}};
-  if (client) stage_.desk().RunAs(stage_.ClientProcess(), [&] { reply = client->Ask(question); });
+  const practice::Reply reply = stage_.AskClient(question);
   why = reply.error;
   return reply.answers.empty() ? "" : reply.answers.front();
 }
@@ -308,29 +308,29 @@ std::string E::ClientMenu(const Words& words) {
 }
 
 std::string E::Hooked(const Words& words) {
-  return Same(words, std::to_string(stage_.desk().windows().HookCount()), words[2]);
+  return Same(words, std::to_string(stage_.HookCount()), words[2]);
 }
 
 std::string E::Tray(const Words& words) {
-  const bool there = !stage_.desk().services().TrayIcons().empty();
+  const bool there = stage_.HasTrayIcon();
   return Flag(words, there == (words[1] == "tray-icon"), there ? "a tray icon" : "no tray icon");
 }
 
 std::string E::Running(const Words& words) {
-  const bool runs = stage_.Program() != 0;
+  const bool runs = stage_.ProgramRuns();
   return Flag(words, runs == (words[1] == "running"), runs ? "it is running" : "it has ended");
 }
 
 std::string E::ClientRunning(const Words& words) {
-  const bool runs = stage_.ClientProcess() != 0;
+  const bool runs = stage_.ClientRuns();
   return Flag(words, runs == (words[1] == "client-running"),
               runs ? "it is running" : "it has ended");
 }
 
 std::string E::ClientEnabled(const Words& words) {
-  practice::PracticeClient* const client = stage_.Client();
-  if (!client) return Failed(words, "the client is not running");
-  const bool enabled = stage_.desk().windows().IsEnabled(client->Frame());
+  std::string why;
+  const bool enabled = Ask({"enabled"}, why) == "1";
+  if (!why.empty()) return Failed(words, why);
   return Flag(words, enabled == (words[1] == "client-enabled"),
               enabled ? "it is enabled" : "it is disabled");
 }

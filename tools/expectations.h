@@ -31,7 +31,7 @@ class Expectations {
   static const Form* Find(std::string_view word);
 
   // `words` begins with "expect" and has been found to be of its form. "" if it holds, else
-  // "expected …, got …".
+  // "expected …, got …"; then nothing has been used up, so that it can be tried again.
   std::string Check(const Words& words);
 
   // What must hold at the end of every scenario: the first thing that doesn't, and its line (0: the

@@ -1,8 +1,8 @@
 // The play: what the commands of a scenario work on, and when one of them is settled.
 //
 // A command starts something (a task of a process, a wait) and comes back at once; the program goes
-// on under the desk's clock. The next command comes when all of that is over, or the program waits
-// for its user.
+// on under the clock of its home. The next command comes when all of that is over, or the program
+// waits for its user.
 #pragma once
 
 #include "tools/answers.h"
@@ -12,35 +12,27 @@
 #include <cstdint>
 #include <deque>
 #include <functional>
-#include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
 namespace corvel::tools {
 
-// What was wrong: "expected …, got …". Empty: nothing.
-using Failure = std::string;
-
 class Play {
  public:
-  explicit Play(std::uint64_t seed);
+  explicit Play(Stage& home) : stage(home) {}
 
-  Stage stage;
+  Stage& stage;
   User user{stage};
-  Answers answers{stage};
+  Answers answers{stage, user};
   Expectations expectations{stage, user, answers};
 
   // --- For commands ----------------------------------------------------------------------------
-  // The command isn't settled before this has come true.
-  void Await(desk::TaskId task);
-  void Await(std::function<bool()> over);
   void SleepFor(std::int64_t milliseconds);
   // A further step, once what was started before it is settled.
   using Step = std::function<Failure()>;
   void Then(Step step) { steps_.push_back(std::move(step)); }
-  // What the user did at a control: waits for it, or says why it can't be done.
-  Failure Did(const desk::DeskPeers::Done& done, const std::string& what);
+  // The command isn't settled before this is over; or says why it can't be done.
+  Failure Await(const Deed& deed, const std::string& what);
 
   // --- For whoever runs the commands -----------------------------------------------------------
   bool IsSettled();

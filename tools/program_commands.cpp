@@ -1,6 +1,5 @@
 // The commands for the user in the program: menus, controls, and answers to dialogs.
 #include "base/text.h"
-#include "platform/desk/desk_services.h"
 #include "tools/scenario_commands.h"
 
 #include <charconv>
@@ -9,21 +8,16 @@
 namespace corvel::tools {
 namespace {
 
-using Done = desk::DeskPeers::Done;
-using Control = desk::DeskPeers::ControlView;
-
 constexpr LParam kMouseDoubleClick = 0x0203, kMouseRightUp = 0x0205;
 
-desk::DeskPeers& Peers(Play& play) { return play.stage.desk().peers(); }
-
 // Finds the control that words[1] names and does something to it.
-template <class Deed>
-Failure AtControl(Play& play, const Words& words, const Deed& deed) {
+template <class Do>
+Failure AtControl(Play& play, const Words& words, const Do& doIt) {
   std::string why;
   const auto control = play.user.FindControl(words[1], why);
   const std::string what = words[0] + " " + words[1];
   if (!control) return "expected to " + what + ", got " + why;
-  return play.Did(deed(*control), what);
+  return play.Await(doIt(*control), what);
 }
 
 std::string CheckControl(const Words& words) {
@@ -71,16 +65,15 @@ Failure PlayMenu(Play& play, const Words& words) {
   std::string why;
   const auto button = play.user.FindControl("frmCV7." + std::string(menu.button), why);
   if (!button) return "expected to open " + words[1] + ", got " + why;
-  const Done done =
-      menu.rightClick ? Peers(play).RightClick(button->window) : Peers(play).Click(button->window);
+  const Deed deed =
+      menu.rightClick ? play.stage.RightClick(button->window) : play.stage.Click(button->window);
   ThenChoose(play, words.From(2));
-  return play.Did(done, "open " + words[1]);
+  return play.Await(deed, "open " + words[1]);
 }
 
 // The icon's message is posted, and its owner acts on it a little later.
 Failure PlayTrayMouse(Play& play, LParam mouse) {
-  if (!play.stage.desk().services().TrayMouse(mouse))
-    return "expected to click the tray icon, got there is none";
+  if (!play.stage.TrayMouse(mouse)) return "expected to click the tray icon, got there is none";
   play.SleepFor(100);
   return {};
 }
@@ -102,12 +95,12 @@ Failure PlayPopup(Play& play, const Words& words) {
 // --- Controls ------------------------------------------------------------------------------------
 
 Failure PlayClick(Play& play, const Words& words) {
-  return AtControl(play, words, [&](const Control& at) { return Peers(play).Click(at.window); });
+  return AtControl(play, words, [&](const ControlView& at) { return play.stage.Click(at.window); });
 }
 
 Failure PlayRightClick(Play& play, const Words& words) {
   return AtControl(play, words,
-                   [&](const Control& at) { return Peers(play).RightClick(at.window); });
+                   [&](const ControlView& at) { return play.stage.RightClick(at.window); });
 }
 
 Failure SelectRow(Play& play, const Words& words, const std::string& item, bool keepMarked) {
@@ -117,7 +110,7 @@ Failure SelectRow(Play& play, const Words& words, const std::string& item, bool 
   if (!control) return "expected to " + what + ", got " + why;
   const int row = User::FindRow(*control->state, item);
   if (row < 0) return "expected to " + what + ", got no such row";
-  return play.Did(Peers(play).Select(control->window, row, keepMarked), what);
+  return play.Await(play.stage.Select(control->window, row, keepMarked), what);
 }
 
 Failure PlaySelect(Play& play, const Words& words) {
@@ -128,7 +121,7 @@ Failure PlaySelect(Play& play, const Words& words) {
 
 Failure DoubleClickNow(Play& play, const Words& words) {
   return AtControl(play, words,
-                   [&](const Control& at) { return Peers(play).DoubleClick(at.window); });
+                   [&](const ControlView& at) { return play.stage.DoubleClick(at.window); });
 }
 
 Failure PlayDoubleClick(Play& play, const Words& words) {
@@ -139,14 +132,14 @@ Failure PlayDoubleClick(Play& play, const Words& words) {
 
 Failure PlaySet(Play& play, const Words& words) {
   return AtControl(play, words,
-                   [&](const Control& at) { return Peers(play).Type(at.window, words[2]); });
+                   [&](const ControlView& at) { return play.stage.Type(at.window, words[2]); });
 }
 
 Failure PlayTypeInto(Play& play, const Words& words) {
   for (const char c : words[2])
     play.Then([&play, words, c] {
-      return AtControl(play, words, [&](const Control& at) {
-        return Peers(play).Type(at.window, at.state->text + c);
+      return AtControl(play, words, [&](const ControlView& at) {
+        return play.stage.Type(at.window, at.state->text + c);
       });
     });
   return {};
@@ -158,9 +151,9 @@ std::string CheckCheck(const Words& words) {
 }
 
 Failure PlayCheck(Play& play, const Words& words) {
-  return AtControl(play, words, [&](const Control& at) {
+  return AtControl(play, words, [&](const ControlView& at) {
     const bool asWanted = (at.state->value != 0) == (words[2] == "on");
-    return asWanted ? Done{} : Peers(play).Click(at.window);
+    return asWanted ? Deed{} : play.stage.Click(at.window);
   });
 }
 
@@ -169,15 +162,15 @@ std::string CheckKeyIn(const Words& words) {
 }
 
 Failure PlayKeyIn(Play& play, const Words& words) {
-  return AtControl(play, words, [&](const Control& at) {
-    return Peers(play).Press(at.window, *ParseKey(words[2]));
+  return AtControl(play, words, [&](const ControlView& at) {
+    return play.stage.Press(at.window, *ParseKey(words[2]));
   });
 }
 
 Failure PlayClose(Play& play, const Words& words) {
   const auto form = play.user.FindForm(words[1]);
   if (!form) return "expected to close " + words[1] + ", got it is not loaded";
-  return play.Did(Peers(play).Close(form->window), "close " + words[1]);
+  return play.Await(play.stage.Close(form->window), "close " + words[1]);
 }
 
 // --- Answers -------------------------------------------------------------------------------------

@@ -17,7 +17,20 @@ std::string WordCountError(const Words& words, std::size_t least, std::size_t mo
          "; it reads: " + form;
 }
 
-Failure PlayExpect(Play& play, const Words& words) { return play.expectations.Check(words); }
+constexpr std::int64_t kTryAgainMs = 20;
+
+// Where time goes on by itself, what is expected may be about to come.
+Failure ExpectBy(Play& play, const Words& words, std::int64_t last) {
+  Failure failure = play.expectations.Check(words);
+  if (failure.empty() || play.stage.NowMs() >= last) return failure;
+  play.SleepFor(kTryAgainMs);
+  play.Then([&play, words, last] { return ExpectBy(play, words, last); });
+  return {};
+}
+
+Failure PlayExpect(Play& play, const Words& words) {
+  return ExpectBy(play, words, play.stage.NowMs() + play.stage.PatienceMs());
+}
 
 std::string CheckIm(const Words& words) {
   if (words.IsBare(3, "in-manager")) return "`expect im ... in-manager` is not built yet";

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <iostream>
 #include <iterator>
 
 namespace corvel::tools {
@@ -25,7 +26,7 @@ class FileSource : public ScenarioSource {
         if (options_.onNarration) options_.onNarration(line.narration);
         continue;
       }
-      if (options_.onCommand) options_.onCommand(line.words, *desk);
+      if (options_.onCommand) options_.onCommand(line.words);
       return std::move(line);
     }
     return std::nullopt;
@@ -38,7 +39,6 @@ class FileSource : public ScenarioSource {
   }
 
   ScenarioVerdict verdict;
-  desk::Desk* desk = nullptr;  // of the run that asks
 
  private:
   std::string name_;
@@ -50,6 +50,13 @@ class FileSource : public ScenarioSource {
 bool SetsScene(const ScenarioLine& line) {
   const Command* const command = line.words.empty() ? nullptr : FindCommand(line.words[0]);
   return command && command->when == When::kScene;
+}
+
+// The line that keeps the scenario for another home, or nullptr.
+const ScenarioLine* OnlyElsewhere(const ScenarioFile& file, const Stage& stage) {
+  for (const ScenarioLine& line : file.lines)
+    if (line.words.IsBare(0, "only") && line.words[1] != stage.Home()) return &line;
+  return nullptr;
 }
 
 std::optional<std::string> ReadBytes(const std::filesystem::path& path) {
@@ -78,31 +85,46 @@ void CheckScenario(ScenarioFile& file) {
   std::stable_partition(file.lines.begin(), file.lines.end(), SetsScene);
 }
 
-ScenarioVerdict PlayScenario(const std::string& name, std::string_view utf8,
+ScenarioVerdict PlayScenario(Stage& stage, const std::string& name, std::string_view utf8,
                              const ReadBeside& readBeside, const ScenarioOptions& options) {
   ScenarioFile file = ParseScenario(utf8, readBeside);
   CheckScenario(file);
   if (!file.errors.empty()) {
-    ScenarioVerdict verdict{kUnreadable, {}};
+    ScenarioVerdict verdict{kUnreadable, {}, {}};
     for (const ScenarioError& error : file.errors)
       verdict.messages.push_back(name + ":" + std::to_string(error.line) + ": " + error.text);
     return verdict;
   }
+  if (const ScenarioLine* const only = OnlyElsewhere(file, stage))
+    return {kHeld, name + ": only on " + only->words[1] + ": " + ToUtf8(only->words[2]), {}};
   FileSource source(name, std::move(file.lines), options);
-  ScenarioRun run(source, options.seed);
-  source.desk = &run.desk();
-  if (options.onEffect) run.desk().journal().Listen(options.onEffect);
+  ScenarioRun run(source, stage);
+  if (options.onEffect) stage.journal().Listen(options.onEffect);
   run.Run();
   return source.verdict;
 }
 
-ScenarioVerdict PlayScenarioFile(const std::string& path, const ScenarioOptions& options) {
+ScenarioVerdict PlayScenarioFile(Stage& stage, const std::string& path,
+                                 const ScenarioOptions& options) {
   const auto text = ReadBytes(path);
-  if (!text) return {kUnreadable, {path + ":0: can't read this file"}};
+  if (!text) return {kUnreadable, {}, {path + ":0: can't read this file"}};
   const std::filesystem::path folder = std::filesystem::path(path).parent_path();
   return PlayScenario(
-      path, *text, [&](const std::string& name) { return ReadBytes(folder / ToUtf8(name)); },
+      stage, path, *text, [&](const std::string& name) { return ReadBytes(folder / ToUtf8(name)); },
       options);
+}
+
+int PlayScenarioFiles(const std::vector<std::string>& files, const MakeStage& makeStage,
+                      const ScenarioOptions& options) {
+  int exitCode = kHeld;
+  for (const std::string& file : files) {
+    const ScenarioVerdict verdict = PlayScenarioFile(*makeStage(), file, options);
+    if (!verdict.skipped.empty()) std::cout << verdict.skipped << '\n';
+    std::cout.flush();
+    for (const std::string& message : verdict.messages) std::cerr << message << '\n';
+    exitCode = std::max(exitCode, verdict.exitCode);
+  }
+  return exitCode;
 }
 
 }  // namespace corvel::tools

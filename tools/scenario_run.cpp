@@ -6,8 +6,6 @@
 namespace corvel::tools {
 namespace {
 
-constexpr std::int64_t kStuckAfterMs = 10 * 60 * 1000;
-
 // A command may ask the client, and the client may let events happen: no command begins inside.
 class ActingScope {
  public:
@@ -21,17 +19,6 @@ class ActingScope {
 
 }  // namespace
 
-ScenarioRun::ScenarioRun(ScenarioSource& source, std::uint64_t seed)
-    : source_(source), play_(seed) {}
-
-ScenarioRun::~ScenarioRun() { desk().SetAgent(nullptr); }
-
-void ScenarioRun::Run() {
-  desk().SetAgent(this);
-  while (!over_) desk().Round(desk().NowMs() + 1000);
-  desk().SetAgent(nullptr);
-}
-
 bool ScenarioRun::Act() {
   if (over_ || acting_) return false;
   const ActingScope scope(acting_);
@@ -43,7 +30,7 @@ bool ScenarioRun::Act() {
 std::optional<std::int64_t> ScenarioRun::NextActAt() {
   if (over_) return std::nullopt;
   const std::int64_t wake = play_.WakeAt();
-  return wake > play_.stage.desk().NowMs() ? wake : begunAt_ + kStuckAfterMs + 1;
+  return wake > stage_.NowMs() ? wake : begunAt_ + stage_.StuckAfterMs() + 1;
 }
 
 void ScenarioRun::ActNow() {
@@ -53,7 +40,7 @@ void ScenarioRun::ActNow() {
     idle_ = true;
     CheckStuck();
   } else if (play_.HasSteps()) {
-    begunAt_ = desk().NowMs();
+    begunAt_ = stage_.NowMs();
     Report(play_.RunStep(), line_);
   } else if (auto line = held_ ? std::exchange(held_, std::nullopt) : source_.Next()) {
     Begin(*line);
@@ -64,11 +51,11 @@ void ScenarioRun::ActNow() {
 
 void ScenarioRun::Begin(const ScenarioLine& line) {
   line_ = play_.answers.line = line.number;
-  begunAt_ = desk().NowMs();
+  begunAt_ = stage_.NowMs();
   const Command& command = *FindCommand(line.words[0]);
   if (!MakeReady(command))
     held_ = line;
-  else if (command.when == When::kScene && play_.stage.HasClient())
+  else if (command.when == When::kScene && stage_.HasClient())
     Report("expected " + line.words[0] + " before the start, got it behind", line_);
   else
     Report(command.play(play_, line.words), line_);
@@ -76,9 +63,9 @@ void ScenarioRun::Begin(const ScenarioLine& line) {
 
 // False: the command has to wait for what has been set going here.
 bool ScenarioRun::MakeReady(const Command& command) {
-  if (command.when == When::kRun && !play_.stage.HasClient()) {
-    play_.stage.PutClient();
-    play_.SleepFor(play_.stage.StandMs());
+  if (command.when == When::kRun && !stage_.HasClient()) {
+    stage_.PutClient();
+    play_.SleepFor(stage_.StandMs());
     return false;
   }
   if (command.keepsPopup || !play_.user.OpenPopup()) return true;
@@ -87,11 +74,10 @@ bool ScenarioRun::MakeReady(const Command& command) {
 }
 
 void ScenarioRun::CheckStuck() {
-  const std::int64_t now = desk().NowMs();
-  if (now < play_.WakeAt() || now - begunAt_ <= kStuckAfterMs) return;
-  const auto& pumps = desk().Pumps();
-  const std::string where =
-      pumps.empty() ? "no wait of the program" : "the wait " + std::string(pumps.back().wait.name);
+  const std::int64_t now = stage_.NowMs();
+  if (now < play_.WakeAt() || now - begunAt_ <= stage_.StuckAfterMs()) return;
+  const std::string wait = stage_.InnermostWait();
+  const std::string where = wait.empty() ? "no wait of the program" : "the wait " + wait;
   source_.Fail(line_, "stuck in " + where);
   End();
 }
@@ -113,8 +99,8 @@ void ScenarioRun::Finish() {
 // processes brings about is no effect of the scenario's.
 void ScenarioRun::End() {
   over_ = true;
-  desk().journal().Listen(nullptr);
-  play_.stage.EndAll();
+  stage_.journal().Listen(nullptr);
+  stage_.EndAll();
 }
 
 }  // namespace corvel::tools

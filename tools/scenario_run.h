@@ -1,4 +1,4 @@
-// One run of a scenario on a fresh desk.
+// One run of a scenario on a fresh stage.
 #pragma once
 
 #include "tools/play.h"
@@ -21,17 +21,16 @@ class ScenarioSource {
   virtual bool Fail(int line, const Failure& failure) = 0;
 };
 
-class ScenarioRun : public desk::Agent {
+class ScenarioRun : public Actor {
  public:
-  ScenarioRun(ScenarioSource& source, std::uint64_t seed);
-  ~ScenarioRun() override;
+  ScenarioRun(ScenarioSource& source, Stage& stage) : source_(source), stage_(stage) {}
 
-  desk::Desk& desk() { return play_.stage.desk(); }
   // Plays until the source has no more commands or wants no more; ends all processes.
-  void Run();
+  void Run() { stage_.Run(*this); }
 
   bool Act() override;
   std::optional<std::int64_t> NextActAt() override;
+  bool IsOver() override { return over_; }
 
  private:
   void ActNow();
@@ -43,7 +42,8 @@ class ScenarioRun : public desk::Agent {
   void End();
 
   ScenarioSource& source_;
-  Play play_;
+  Stage& stage_;
+  Play play_{stage_};
   std::optional<ScenarioLine> held_;  // a command that waits until the stage is ready for it
   int line_ = 0;
   std::int64_t begunAt_ = 0;

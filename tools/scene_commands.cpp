@@ -2,8 +2,6 @@
 #include "base/civil_time.h"
 #include "base/text.h"
 #include "core/settings_store.h"
-#include "platform/desk/desk_services.h"
-#include "platform/desk/desk_windows.h"
 #include "tools/scenario_commands.h"
 
 #include <cmath>
@@ -15,6 +13,16 @@ namespace corvel::tools {
 namespace {
 
 constexpr double kLongest = 1e8;  // seconds: three years
+
+std::string CheckOnly(const Words& words) {
+  return words.IsBare(1, "desk") || words.IsBare(1, "windows") ? "" : "it is desk or windows";
+}
+
+// A file for another home is never played; by hand one can say it on the wrong one.
+Failure PlayOnly(Play& play, const Words& words) {
+  const std::string home(play.stage.Home());
+  return words[1] == home ? "" : "expected to be on " + words[1] + ", got " + home;
+}
 
 // --- The client and the machine ------------------------------------------------------------------
 
@@ -81,12 +89,12 @@ std::string CheckClock(const Words& words) {
 }
 
 Failure PlayClock(Play& play, const Words& words) {
-  play.stage.desk().SetWallClock(*ParseClock(words[1]));
+  play.stage.SetWallClock(*ParseClock(words[1]));
   return {};
 }
 
 Failure PlayTimeZone(Play& play, const Words& words) {
-  play.stage.desk().SetTimeZone(words[1]);
+  play.stage.SetTimeZone(words[1]);
   return {};
 }
 
@@ -100,7 +108,7 @@ std::string CheckWindows(const Words& words) {
 
 Failure PlayWindows(Play& play, const Words& words) {
   for (const auto& [name, platform] : kWindows)
-    if (words[1] == name) play.stage.desk().services().SetWindowsPlatform(platform);
+    if (words[1] == name) play.stage.SetWindowsPlatform(platform);
   return {};
 }
 
@@ -125,7 +133,7 @@ std::string CheckDisplay(const Words& words) {
 
 Failure PlayDisplay(Play& play, const Words& words) {
   const auto size = *ParseDisplay(words);
-  play.stage.desk().services().SetDisplay(size.bits, size.width, size.height);
+  play.stage.SetDisplay(size.bits, size.width, size.height);
   return {};
 }
 
@@ -157,12 +165,12 @@ Failure PlayWave(Play& play, const Words& words) {
 }
 
 Failure PlayFile(Play& play, const Words& words) {
-  play.stage.desk().files().Put(words[1], words[2]);
+  play.stage.PutFile(words[1], words[2]);
   return {};
 }
 
 Failure PlaySetting(Play& play, const Words& words) {
-  SettingsStore(play.stage.desk().registry()).WriteKey(words[1], words[2], words[3]);
+  SettingsStore(play.stage.registry()).WriteKey(words[1], words[2], words[3]);
   return {};
 }
 
@@ -177,7 +185,7 @@ std::string CheckRandom(const Words& words) {
 Failure PlayRandom(Play& play, const Words& words) {
   std::vector<double> draws;
   for (const std::string& word : words.From(1)) draws.push_back(ParseSeconds(word, 1));
-  play.stage.desk().services().NextDraws(draws);
+  play.stage.NextDraws(draws);
   return {};
 }
 
@@ -189,9 +197,9 @@ Failure PlayClientDelay(Play& play, const Words& words) {
   play.stage.setup.delayMs =
       static_cast<std::uint32_t>(std::lround(ParseSeconds(words[1], 600) * 1000));
   play.stage.ChangeClient();
-  practice::PracticeClient* const client = play.stage.Client();
-  if (client) play.stage.desk().RunAs(play.stage.ClientProcess(), [&] { client->Do(words.All()); });
-  return {};
+  if (!play.stage.ClientRuns()) return {};
+  return play.Await(play.stage.DoInClient(words.All(), std::make_shared<practice::Reply>()),
+                    "slow the client down");
 }
 
 // --- Faults --------------------------------------------------------------------------------------
@@ -201,10 +209,15 @@ std::string CheckFailFile(const Words& words) {
   return numbers ? "" : "it reads: fail-file CALL ERROR [\"PART OF PATH\"]";
 }
 
+// A fault that was asked for; not every home can have each.
+Failure Fault(bool had, const Words& words) {
+  return had ? "" : "expected to do " + words[0] + ", got a home that can't";
+}
+
 Failure PlayFailFile(Play& play, const Words& words) {
-  play.stage.desk().files().FailCall(IntVal(words[1]), IntVal(words[2]),
-                                     words.size() == 4 ? words[3] : "");
-  return {};
+  return Fault(
+      play.stage.FailFile(IntVal(words[1]), IntVal(words[2]), words.size() == 4 ? words[3] : ""),
+      words);
 }
 
 std::string CheckFreeSpace(const Words& words) {
@@ -212,8 +225,8 @@ std::string CheckFreeSpace(const Words& words) {
 }
 
 Failure PlayFreeSpace(Play& play, const Words& words) {
-  play.stage.desk().files().SetFreeSpace(static_cast<std::int64_t>(ParseSeconds(words[1], 1e15)));
-  return {};
+  return Fault(play.stage.SetFreeSpace(static_cast<std::int64_t>(ParseSeconds(words[1], 1e15))),
+               words);
 }
 
 std::string CheckOnOff(const Words& words, std::size_t at) {
@@ -226,28 +239,24 @@ std::string CheckLock(const Words& words) {
 }
 
 Failure PlayLock(Play& play, const Words& words) {
-  play.stage.desk().files().Lock(words[1], words[2] == "on");
-  return {};
+  return Fault(play.stage.LockFile(words[1], words[2] == "on"), words);
 }
 
 std::string CheckSwitch(const Words& words) { return CheckOnOff(words, 1); }
 
 Failure PlayTaskbar(Play& play, const Words& words) {
-  play.stage.desk().services().SetTaskbar(words[1] == "on");
+  play.stage.SetTaskbar(words[1] == "on");
   return {};
 }
 
 Failure PlayHung(Play& play, const Words& words) {
-  play.stage.desk().windows().SetHung(play.stage.ClientProcess(), words[1] == "on");
-  return {};
+  return Fault(play.stage.SetClientHung(words[1] == "on"), words);
 }
 
 // --- The run -------------------------------------------------------------------------------------
 
 Failure PlayStart(Play& play, const Words& words) {
-  const ProcessId program = play.stage.StartProgram(words.size() > 1 ? words[1] : "");
-  play.Await([&stage = play.stage, program] { return stage.IsUp(program); });
-  return {};
+  return play.Await(play.stage.Start(words.size() > 1 ? words[1] : ""), "start");
 }
 
 std::string CheckWait(const Words& words) {
@@ -260,6 +269,7 @@ Failure PlayWait(Play& play, const Words& words) {
 }
 
 constexpr Command kSceneCommands[] = {
+    {"only", "desk|windows \"REASON\"", 2, 2, When::kScene, PlayOnly, CheckOnly},
     {"client", "VERSION LOCALE [not-running]", 2, 3, When::kScene, PlayClient, CheckClient},
     {"names", "NAME...", 1, 7, When::kScene, PlayNames},
     {"signed-on", "NAME", 1, 1, When::kScene, PlaySignedOn},

@@ -1,12 +1,10 @@
-// The stage of scenarios and the soak; see stage.h.
+// What every home's stage has alike; see stage.h.
 #include "tools/stage.h"
 
 #include "base/text.h"
-#include "platform/desk/desk_services.h"
-#include "practice/desk_home.h"
-#include "tools/desk_program.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace corvel::tools {
 namespace {
@@ -34,38 +32,16 @@ std::string WaveBytes(double seconds) {
 
 }  // namespace
 
-Stage::Stage(std::uint64_t seed) {
-  desk_.SetWallClock({1999, 11, 21, 20, 15, 0, 0});
-  desk_.SetTimeZone("Eastern Standard Time");
-  desk_.services().SetSeed(seed);
-  desk_.services().SetWindowsPlatform(1);
-  desk_.services().SetDisplay(16, 800, 600);
-  for (const char* name : kRuntimeFiles)
-    desk_.files().Put(std::string(kSystemFolder) + name, "runtime file");
-  InstallCorvelOnDesk(desk_, [this](ProcessId process) { started_.insert(process); });
+void Stage::SetMachine() {
+  SetWallClock({1999, 11, 21, 20, 15, 0, 0});
+  SetTimeZone("Eastern Standard Time");
+  SetWindowsPlatform(1);
+  SetDisplay(16, 800, 600);
+  for (const char* name : kRuntimeFiles) PutFile(std::string(kSystemFolder) + name, "runtime file");
 }
-
-Stage::~Stage() { EndAll(); }
-
-void Stage::PutClient() {
-  hasClient_ = true;
-  practice::InstallOnDesk(desk_, setup);
-  if (clientRuns) practice::StartOnDesk(desk_);
-}
-
-// The frame, the Welcome window and what opens on them, each after the delay.
-std::int64_t Stage::StandMs() const { return 3 * static_cast<std::int64_t>(setup.delayMs) + 100; }
-
-void Stage::ChangeClient() {
-  if (hasClient_) practice::ChangeSetup(desk_, setup);
-}
-
-practice::PracticeClient* Stage::Client() { return practice::RunningOnDesk(desk_); }
-
-ProcessId Stage::ClientProcess() const { return desk_.FindProcess("waol.exe"); }
 
 void Stage::RemoveRuntimeFile(std::string_view name) {
-  desk_.files().Remove(kSystemFolder + std::string(name));
+  RemoveFile(kSystemFolder + std::string(name));
 }
 
 bool Stage::IsRuntimeFile(std::string_view name) {
@@ -73,33 +49,18 @@ bool Stage::IsRuntimeFile(std::string_view name) {
                      [&](const char* file) { return EqualNoCase(file, name); });
 }
 
-void Stage::PutWave(std::string_view path, double seconds) {
-  desk_.files().Put(path, WaveBytes(seconds));
+void Stage::PutWave(std::string_view path, double seconds) { PutFile(path, WaveBytes(seconds)); }
+
+void Stage::PutClient() {
+  hasClient_ = true;
+  InstallClient(clientRuns);
 }
 
-ProcessId Stage::StartProgram(const std::string& commandLine) {
-  std::erase_if(programs_, [this](ProcessId program) { return !desk_.IsRunning(program); });
-  programs_.push_back(desk_.Spawn(kProgramPath, commandLine));
-  return programs_.back();
-}
+// The frame, the Welcome window and what opens on them, each after the delay.
+std::int64_t Stage::StandMs() const { return 3 * static_cast<std::int64_t>(setup.delayMs) + 100; }
 
-ProcessId Stage::Program() const { return desk_.FindProcess("corvel32.exe"); }
-
-bool Stage::IsUp(ProcessId program) const {
-  return !desk_.IsRunning(program) || started_.contains(program) || desk_.WaitsForUser(program);
-}
-
-bool Stage::AnyProgramWaitsForUser() const {
-  return std::any_of(programs_.begin(), programs_.end(), [this](ProcessId program) {
-    return desk_.IsRunning(program) && desk_.WaitsForUser(program);
-  });
-}
-
-void Stage::EndAll() {
-  for (const ProcessId program : programs_)
-    if (desk_.IsRunning(program)) desk_.Kill(program);
-  while (const ProcessId client = desk_.FindProcess("waol.exe")) desk_.Kill(client);
-  while (const ProcessId starter = desk_.FindProcess("aol.exe")) desk_.Kill(starter);
+void Stage::Note(std::string_view kind, std::vector<std::string> words) {
+  journal().Add(NowMs(), kind, std::move(words));
 }
 
 }  // namespace corvel::tools

@@ -1,64 +1,149 @@
-// The stage: one desktop with the practice client and the program on it, wired with each other, as
-// a scenario and the soak find it. It sets the scene and starts processes; it plays nobody.
+// The stage: what playing a scenario needs of a home, be it the desk or Windows. On it stand the
+// practice client and the program, wired with each other. It sets the scene, starts processes,
+// lends the user a hand and tells what came of it; it plays nobody.
 #pragma once
 
-#include "platform/desk/desk.h"
+#include "base/civil_time.h"
+#include "platform/desk/journal.h"
+#include "platform/desk/prompt.h"
+#include "platform/menus.h"
+#include "platform/registry.h"
 #include "practice/practice_client.h"
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
-#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace corvel::tools {
 
+// What was wrong: "expected …, got …". Empty: nothing.
+using Failure = std::string;
+
+// Something begun that may last: why it can't be done, or when it is over (empty: it is).
+struct Deed {
+  std::string refusal{};
+  std::function<bool()> over{};
+};
+
+struct FormView {
+  Window window;
+  const FormState* state;
+};
+struct ControlView {
+  Window window;
+  const ControlState* state;
+};
+
+// Whoever plays the user and the world. Called whenever nothing else is due, also from inside the
+// program's waits.
+class Actor {
+ public:
+  virtual ~Actor() = default;
+  virtual bool Act() = 0;  // true: it did something, look for due things before time moves
+  // The time at which it wants to act next, if known.
+  virtual std::optional<std::int64_t> NextActAt() = 0;
+  virtual bool IsOver() = 0;
+};
+
 class Stage {
  public:
-  explicit Stage(std::uint64_t seed);
-  ~Stage();
+  virtual ~Stage() = default;
+  Stage() = default;
   Stage(const Stage&) = delete;
   Stage& operator=(const Stage&) = delete;
 
-  desk::Desk& desk() { return desk_; }
+  virtual std::string_view Home() const = 0;  // "desk", "windows"
 
-  // What the client will be; changed until it is put on the desk.
-  practice::Setup setup;
-  bool clientRuns = true;
+  // --- Time ------------------------------------------------------------------------------------
+  virtual std::int64_t NowMs() const = 0;  // since the scenario began
+  // An expectation may come true so much later: 0 where nothing goes on but what is waited for.
+  virtual std::int64_t PatienceMs() const = 0;
+  virtual std::int64_t StuckAfterMs() const = 0;  // so long without progress in one command
+  // The program's innermost wait, for whoever is told that it is stuck.
+  virtual std::string InnermostWait() = 0;
+  virtual void Run(Actor& actor) = 0;  // until it is over
 
-  // Puts the client on the desk and, if it shall run, starts it. Its windows stand after StandMs.
-  void PutClient();
-  bool HasClient() const { return hasClient_; }
-  std::int64_t StandMs() const;
-  // The client changes for its next start.
-  void ChangeClient();
-  practice::PracticeClient* Client();  // the running one, or nullptr
-  ProcessId ClientProcess() const;
-
+  // --- The scene -------------------------------------------------------------------------------
+  virtual void SetWallClock(const CivilTime& now) = 0;
+  virtual void SetTimeZone(const std::string& name) = 0;
+  virtual void SetWindowsPlatform(int platform) = 0;  // as SystemInfo has it
+  virtual void SetDisplay(int bitsPerPixel, int width, int height) = 0;
+  virtual void SetTaskbar(bool present) = 0;
+  virtual void NextDraws(const std::vector<double>& draws) = 0;
+  virtual Registry& registry() = 0;
+  // Past all faults: writes with the folders, removes, reads (nothing: there is none).
+  virtual void PutFile(std::string_view path, std::string_view bytes) = 0;
+  virtual void RemoveFile(std::string_view path) = 0;
+  virtual std::optional<std::string> Peek(std::string_view path) = 0;
   // Leaves one of the system's runtime files out.
   void RemoveRuntimeFile(std::string_view name);
   static bool IsRuntimeFile(std::string_view name);
   // A valid wave file of silence.
   void PutWave(std::string_view path, double seconds);
 
-  ProcessId StartProgram(const std::string& commandLine);
-  // The first of the running programs, or 0.
-  ProcessId Program() const;
-  bool HasStarted(ProcessId program) const { return started_.contains(program); }
-  // Its Main has come back, it waits for its user, or it is no more.
-  bool IsUp(ProcessId program) const;
-  bool AnyProgramWaitsForUser() const;
+  // Faults. False: this home can't have it.
+  virtual bool FailFile(int call, int errorNumber, const std::string& part) = 0;
+  virtual bool SetFreeSpace(std::int64_t bytes) = 0;
+  virtual bool LockFile(std::string_view path, bool locked) = 0;
+  virtual bool SetClientHung(bool hung) = 0;
 
+  // --- The client ------------------------------------------------------------------------------
+  practice::Setup setup;  // what it will be; changed until it is put on the stage
+  bool clientRuns = true;
+  // Puts it on the stage and, if it shall run, starts it. Its windows stand after StandMs.
+  void PutClient();
+  bool HasClient() const { return hasClient_; }
+  std::int64_t StandMs() const;
+  virtual void ChangeClient() = 0;  // `setup` counts from its next start on
+  virtual bool ClientRuns() = 0;
+  virtual void CrashClient() = 0;
+  // A command; `reply` is filled in when the deed is over. And a question, answered at once.
+  virtual Deed DoInClient(const std::vector<std::string>& words,
+                          std::shared_ptr<practice::Reply> reply) = 0;
+  virtual practice::Reply AskClient(const std::vector<std::string>& words) = 0;
+
+  // --- The program -----------------------------------------------------------------------------
+  // Over when its Main has come back, it waits for its user, or it is no more.
+  virtual Deed Start(const std::string& commandLine) = 0;
+  virtual bool ProgramRuns() = 0;
+  virtual bool ProgramWaitsForUser() = 0;
   // Ends all processes, however deep their calls stand.
-  void EndAll();
+  virtual void EndAll() = 0;
+
+  // --- The user's hand -------------------------------------------------------------------------
+  // Forms that stand, oldest first.
+  virtual std::vector<FormView> Forms() = 0;
+  virtual std::vector<ControlView> ControlsOf(Window form) = 0;
+  virtual Deed Click(Window control) = 0;
+  virtual Deed DoubleClick(Window control) = 0;
+  virtual Deed RightClick(Window control) = 0;
+  virtual Deed Select(Window control, int row, bool keepMarked) = 0;
+  virtual Deed Type(Window control, const std::string& wholeText) = 0;
+  virtual Deed Press(Window control, Key key) = 0;
+  virtual Deed Close(Window form) = 0;
+  virtual bool TrayMouse(LParam mouseMessage) = 0;                    // false: there is no icon
+  virtual std::vector<std::shared_ptr<desk::Prompt>>& Prompts() = 0;  // innermost last
+  virtual Menus& menus() = 0;                                         // to look at a pop-up's rows
+
+  // --- What came of it -------------------------------------------------------------------------
+  virtual desk::Journal& journal() = 0;
+  void Note(std::string_view kind, std::vector<std::string> words);
+  virtual int HookCount() = 0;
+  virtual bool HasTrayIcon() = 0;
+  // What programs that have ended left open. One sentence each.
+  virtual std::vector<std::string> LeftOpen() = 0;
+
+ protected:
+  // A machine as every scenario finds it.
+  void SetMachine();
+  virtual void InstallClient(bool start) = 0;
 
  private:
-  desk::Desk desk_;
   bool hasClient_ = false;
-  std::vector<ProcessId> programs_;
-  std::set<ProcessId> started_;
 };
 
 }  // namespace corvel::tools

@@ -75,18 +75,27 @@ std::string ValueOf(const ControlState& state) {
   return isRow ? state.items[static_cast<std::size_t>(state.selected)] : "";
 }
 
-std::optional<User::Form> User::FindForm(const std::string& name) const {
-  return stage_.desk().peers().FindForm(name);
+std::optional<FormView> User::FindForm(const std::string& name) const {
+  std::optional<FormView> newest;
+  for (const FormView& form : stage_.Forms())
+    if (EqualNoCase(form.state->name, name)) newest = form;
+  return newest;
 }
 
-std::optional<User::Control> User::FindControl(const std::string& name, std::string& why) const {
+std::optional<ControlView> User::FindControl(Window form, std::string_view name, int index) const {
+  for (const ControlView& control : stage_.ControlsOf(form))
+    if (EqualNoCase(control.state->name, name) && control.state->index == index) return control;
+  return std::nullopt;
+}
+
+std::optional<ControlView> User::FindControl(const std::string& name, std::string& why) const {
   const auto parsed = ParseControlName(name);
   const auto form = parsed ? FindForm(parsed->form) : std::nullopt;
   if (!form) {
     why = "no window " + (parsed ? parsed->form : name) + " is loaded";
     return std::nullopt;
   }
-  auto control = stage_.desk().peers().FindControl(form->window, parsed->control, parsed->index);
+  auto control = FindControl(form->window, parsed->control, parsed->index);
   if (!control) why = "no such control on " + parsed->form;
   return control;
 }
@@ -99,14 +108,14 @@ int User::FindRow(const ControlState& state, const std::string& item) {
 }
 
 desk::Prompt* User::OpenPopup() const {
-  const auto& prompts = stage_.desk().Prompts();
+  const auto& prompts = stage_.Prompts();
   if (prompts.empty()) return nullptr;
   desk::Prompt* const prompt = prompts.back().get();
   return prompt->kind == desk::Prompt::Kind::kPopup && !prompt->answered ? prompt : nullptr;
 }
 
 int User::FindMenuRow(MenuHandle menu, const std::string& caption) const {
-  Menus& menus = stage_.desk().platform().menus;
+  Menus& menus = stage_.menus();
   for (int row = 0; row < menus.Count(menu); ++row)
     if (PlainCaption(menus.TextAt(menu, row)) == PlainCaption(caption)) return row;
   return -1;
@@ -115,7 +124,7 @@ int User::FindMenuRow(MenuHandle menu, const std::string& caption) const {
 std::string User::Choose(const std::vector<std::string>& path) const {
   desk::Prompt* const popup = OpenPopup();
   if (!popup) return "no pop-up menu is open";
-  Menus& menus = stage_.desk().platform().menus;
+  Menus& menus = stage_.menus();
   MenuHandle menu = popup->menu;
   for (std::size_t depth = 0; depth < path.size(); ++depth) {
     const int row = FindMenuRow(menu, path[depth]);
@@ -136,7 +145,7 @@ std::string User::Choose(const std::vector<std::string>& path) const {
 std::vector<std::string> User::PopupRows() const {
   const desk::Prompt* const popup = OpenPopup();
   if (!popup) return {};
-  Menus& menus = stage_.desk().platform().menus;
+  Menus& menus = stage_.menus();
   std::vector<std::string> rows;
   for (int row = 0; row < menus.Count(popup->menu); ++row) {
     const std::string caption = PlainCaption(menus.TextAt(popup->menu, row));

@@ -2,7 +2,6 @@
 // a scenario gives them.
 #pragma once
 
-#include "platform/desk/desk_peers.h"
 #include "tools/stage.h"
 
 #include <optional>
@@ -31,14 +30,14 @@ std::string ValueOf(const ControlState& state);
 
 class User {
  public:
-  using Control = desk::DeskPeers::ControlView;
-  using Form = desk::DeskPeers::FormView;
-
   explicit User(Stage& stage) : stage_(stage) {}
 
-  std::optional<Form> FindForm(const std::string& name) const;
+  // The newest of that name, case ignored.
+  std::optional<FormView> FindForm(const std::string& name) const;
   // Nothing, and why, if it isn't there.
-  std::optional<Control> FindControl(const std::string& name, std::string& why) const;
+  std::optional<ControlView> FindControl(const std::string& name, std::string& why) const;
+  // By its bare name on that form; -1 is the index of a control that stands alone.
+  std::optional<ControlView> FindControl(Window form, std::string_view name, int index) const;
   // The row that reads so (of a list view, also by its first column), or -1.
   static int FindRow(const ControlState& state, const std::string& item);
 

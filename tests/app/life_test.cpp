@@ -3,7 +3,7 @@
 #include "platform/desk/desk_peers.h"
 #include "platform/desk/desk_services.h"
 #include "platform/desk/desk_windows.h"
-#include "tools/stage.h"
+#include "tools/desk/desk_stage.h"
 
 #include <gtest/gtest.h>
 
@@ -57,7 +57,7 @@ struct Life {
     return windows.IsEnabled(windows.Find("AOL Frame25", std::nullopt));
   }
 
-  tools::Stage stage{1};
+  tools::DeskStage stage{1};
   PatientUser user;
   ProcessId program = 0;
 };

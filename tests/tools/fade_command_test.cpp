@@ -1,5 +1,5 @@
 // `corvel-desk fade`: what it writes, and what it refuses.
-#include "tools/fade_command.h"
+#include "tools/desk/fade_command.h"
 
 #include <filesystem>
 #include <fstream>
@@ -74,7 +74,7 @@ TEST(FadeCommand, WritesAPageThatShowsTextAsText) {
   std::ifstream file(path, std::ios::binary);
   const std::string page{std::istreambuf_iterator<char>(file), {}};
   std::filesystem::remove(path);
-  EXPECT_NE(page.find("<FONT COLOR=#FF0000>&lt;B&gt;&amp;?</p>"), std::string::npos) << page;
+  EXPECT_NE(page.find("<p><FONT COLOR=#FF0000>&lt;B&gt;&amp;?</p>"), std::string::npos) << page;
 }
 
 TEST(FadeCommand, RefusesInputThatCannotBeRead) {

@@ -1,5 +1,5 @@
 // Playing by hand: each line is answered, errors don't end the play.
-#include "tools/interactive.h"
+#include "tools/desk/interactive.h"
 
 #include <gtest/gtest.h>
 #include <sstream>

@@ -1,6 +1,6 @@
 // Every scenario of tests/scenarios holds, and every window that is seen in one looks orderly.
 #include "base/cp1252.h"
-#include "platform/desk/desk_peers.h"
+#include "tools/desk/desk_stage.h"
 #include "tools/scenario_player.h"
 
 #include <algorithm>
@@ -39,8 +39,7 @@ char AccessKey(const ControlState& control) {
 
 // What is wrong with how a window looks: it has to fit the smallest screen, nothing may overlap or
 // stick out, every control can be named to a blind user, and no two have one access key.
-std::set<std::string> FaultsOf(const FormState& form,
-                               const std::vector<desk::DeskPeers::ControlView>& controls) {
+std::set<std::string> FaultsOf(const FormState& form, const std::vector<ControlView>& controls) {
   std::set<std::string> faults;
   if (form.place.width > 640 || form.place.height > 480) faults.insert(form.name + " is too large");
   std::set<char> keys;
@@ -68,13 +67,13 @@ class ScenarioFileTest : public testing::TestWithParam<std::string> {};
 TEST_P(ScenarioFileTest, Holds) {
   std::set<std::string> faults;
   ScenarioOptions options;
-  options.onCommand = [&](const Words&, desk::Desk& desk) {
-    for (const auto& form : desk.peers().Forms())
-      if (form.state->visible)
-        faults.merge(FaultsOf(*form.state, desk.peers().ControlsOf(form.window)));
+  DeskStage stage(1);
+  options.onCommand = [&](const Words&) {
+    for (const FormView& form : stage.Forms())
+      if (form.state->visible) faults.merge(FaultsOf(*form.state, stage.ControlsOf(form.window)));
   };
   const std::string path = std::string(CORVEL_SOURCE_DIR) + "/tests/scenarios/" + GetParam();
-  const ScenarioVerdict verdict = PlayScenarioFile(path, options);
+  const ScenarioVerdict verdict = PlayScenarioFile(stage, path, options);
   EXPECT_EQ(verdict.exitCode, kHeld);
   for (const std::string& message : verdict.messages) ADD_FAILURE() << message;
   for (const std::string& fault : faults) ADD_FAILURE() << fault;

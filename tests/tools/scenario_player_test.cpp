@@ -1,12 +1,17 @@
 // Verdicts of scenarios: what is found before the run, what fails in it and with which words.
 #include "tools/scenario_player.h"
 
+#include "tools/desk/desk_stage.h"
+
 #include <gtest/gtest.h>
 
 namespace corvel::tools {
 namespace {
 
-ScenarioVerdict Play(const std::string& text) { return PlayScenario("t.scn", text, {}, {}); }
+ScenarioVerdict Play(const std::string& text, const ScenarioOptions& options = {}) {
+  DeskStage stage(1);
+  return PlayScenario(stage, "t.scn", text, {}, options);
+}
 
 std::string FirstMessage(const ScenarioVerdict& verdict) {
   return verdict.messages.empty() ? "" : verdict.messages.front();
@@ -30,6 +35,8 @@ TEST(Scenario, IsRefusedBeforeTheRunWhereItCantBeRead) {
       {"menu mnuNone \"Row\"", "t.scn:1: the menus are"},
       {"key return", "t.scn:1: the keys are"},
       {"type \"half", "t.scn:1: the quote is not closed"},
+      {"only mars \"It is far.\"", "t.scn:1: it is desk or windows"},
+      {"start\nonly desk \"Late.\"", "t.scn:2: only can stand before the start only"},
       {"random 1", "t.scn:1: each number lies in [0, 1)"},
       {"without-file nothing.dll", "t.scn:1: no runtime file is called so"},
   };
@@ -99,6 +106,34 @@ TEST(Scenario, FailsWithWhatItExpectedAndWhatItGot) {
   }
 }
 
+TEST(Scenario, IsSkippedIfItIsForAnotherHome) {
+  const ScenarioVerdict elsewhere = Play("only windows \"It needs a taskbar.\"\nexpect running");
+  EXPECT_EQ(elsewhere.exitCode, kHeld);
+  EXPECT_EQ(elsewhere.skipped, "t.scn: only on windows: It needs a taskbar.");
+  const ScenarioVerdict here = Play("only desk \"It breaks the drive.\"\nexpect running");
+  EXPECT_EQ(here.exitCode, kFailed);
+  EXPECT_EQ(here.skipped, "");
+}
+
+// On a home whose time goes on by itself, what is expected may still be on its way.
+class PatientStage : public DeskStage {
+ public:
+  PatientStage() : DeskStage(1) {}
+  std::int64_t PatienceMs() const override { return 5000; }
+};
+
+TEST(Scenario, TriesAnExpectationAgainForAsLongAsItsHomeIsPatient) {
+  PatientStage kept, broken;
+  const char* const coming =
+      "start\nroom Lobby Ann\nexpect hooked 5\ntype hi\nkey enter\nexpect line hi\n"
+      "client-close\nexpect ended\nexpect client-ended";
+  EXPECT_EQ(FirstMessage(PlayScenario(kept, "t.scn", coming, {}, {})), "");
+  const auto verdict = PlayScenario(broken, "t.scn", "wait 1\nexpect line hi\nwait 9", {}, {});
+  EXPECT_EQ(FirstMessage(verdict), "t.scn:2: expected line \"hi\", got no line");
+  EXPECT_GE(broken.NowMs(), 6000);
+  EXPECT_LT(broken.NowMs(), 7000);
+}
+
 constexpr const char* kNoWavSelected =
     "menu mnuWavs \"Wav List\"\nwait 1\nclick frmTabs.cmdSend\nwait 1\n";
 constexpr const char* kNoWavText =
@@ -134,8 +169,7 @@ TEST(Scenario, GivesTheSameTraceEachTime) {
     options.onEffect = [&](const desk::JournalEntry& entry) {
       kinds.push_back(std::to_string(entry.at) + entry.kind);
     };
-    PlayScenario("t.scn", "start\nroom Lobby Ann\nwait 2\ntype hi\nkey enter\nclient-close\nwait 9",
-                 {}, options);
+    Play("start\nroom Lobby Ann\nwait 2\ntype hi\nkey enter\nclient-close\nwait 9", options);
     return kinds;
   };
   const auto first = traceOf();

@@ -1,5 +1,5 @@
 // The soak over a short stretch, and that a seed gives the same run again.
-#include "tools/soak.h"
+#include "tools/desk/soak.h"
 
 #include <gtest/gtest.h>
 

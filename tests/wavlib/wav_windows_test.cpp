@@ -3,8 +3,8 @@
 #include "core/settings_store.h"
 #include "platform/desk/desk_services.h"
 #include "platform/desk/desk_windows.h"
+#include "tools/desk/desk_stage.h"
 #include "tools/scenario_player.h"
-#include "tools/stage.h"
 #include "tools/user.h"
 
 #include <algorithm>
@@ -32,7 +32,8 @@ Texts Printed(const std::string& scenario) {
     if (entry.kind == "print-line")
       printed.push_back(entry.words[0] + "|" + entry.words[1] + "|" + entry.words[2]);
   };
-  const auto verdict = tools::PlayScenario("printing", scenario, {}, options);
+  tools::DeskStage stage(1);
+  const auto verdict = tools::PlayScenario(stage, "printing", scenario, {}, options);
   for (const std::string& message : verdict.messages) ADD_FAILURE() << message;
   return printed;
 }
@@ -143,7 +144,7 @@ class Sending : public testing::Test {
     return reply.answers.empty() ? "(" + reply.error + ")" : reply.answers.front();
   }
 
-  tools::Stage stage_{1};
+  tools::DeskStage stage_{1};
   tools::User user_{stage_};
   Script script_{desk()};
   std::size_t hooksBefore_ = 0;

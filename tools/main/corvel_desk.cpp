@@ -1,9 +1,9 @@
 // corvel-desk: the program on the in-memory desktop, for tests, demonstrations and long runs.
-#include "tools/arguments.h"
-#include "tools/fade_command.h"
-#include "tools/scenario_command.h"
+#include "tools/desk/arguments.h"
+#include "tools/desk/fade_command.h"
+#include "tools/desk/scenario_command.h"
+#include "tools/desk/soak_command.h"
 #include "tools/scenario_player.h"
-#include "tools/soak_command.h"
 
 #include <iostream>
 #include <string>

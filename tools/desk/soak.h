@@ -2,9 +2,10 @@
 // client that dies or hangs, and a drive that fails.
 #pragma once
 
+#include "tools/desk/desk_stage.h"
+#include "tools/desk/soak_checks.h"
+#include "tools/desk/soak_user.h"
 #include "tools/play.h"
-#include "tools/soak_checks.h"
-#include "tools/soak_user.h"
 
 #include <cstdint>
 #include <deque>
@@ -27,7 +28,7 @@ class Soak : public desk::Agent {
   // Plays for so long, then lets the program end. What went wrong, or "".
   std::string Run(double hours);
 
-  double HoursPlayed() { return static_cast<double>(play_.stage.desk().NowMs()) / 3.6e6; }
+  double HoursPlayed() { return static_cast<double>(stage_.NowMs()) / 3.6e6; }
   int Deeds() const { return deeds_; }
   int Lives() const { return lives_; }
   // The last effects before now, as in a trace.
@@ -50,9 +51,10 @@ class Soak : public desk::Agent {
   std::int64_t Pause();
 
   Dice dice_;
-  Play play_;
+  DeskStage stage_;
+  Play play_{stage_};
   SoakUser user_{play_, dice_};
-  SoakChecks checks_{play_};
+  SoakChecks checks_{stage_};
   std::deque<desk::JournalEntry> last_;
   std::function<void(const desk::JournalEntry&)> onEffect_;
   std::int64_t actAt_ = 0, endAt_ = 0, endingSince_ = 0;

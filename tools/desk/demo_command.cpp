@@ -2,10 +2,11 @@
 #include "base/cp1252.h"
 #include "base/text.h"
 #include "forms/marked_text.h"
-#include "tools/scenario_command.h"
+#include "tools/desk/desk_stage.h"
+#include "tools/desk/scenario_command.h"
+#include "tools/desk/terminal_text.h"
 #include "tools/scenario_commands.h"
 #include "tools/scenario_player.h"
-#include "tools/terminal_text.h"
 
 #include <algorithm>
 #include <chrono>
@@ -132,13 +133,13 @@ int DemoCommand(Arguments& arguments) {
   ScenarioOptions options;
   options.onEffect = [&](const desk::JournalEntry& entry) { teller.Effect(entry); };
   options.onNarration = [&](const std::string& text) { teller.Narrate(text); };
-  options.onCommand = [&](const Words& words, desk::Desk&) { teller.Command(words); };
-  const ScenarioVerdict verdict = PlayScenarioFile(file, options);
-  for (const std::string& message : verdict.messages) std::cerr << message << '\n';
-  if (verdict.exitCode == kHeld)
+  options.onCommand = [&](const Words& words) { teller.Command(words); };
+  const int exitCode = PlayScenarioFiles(
+      {file}, [] { return std::make_unique<DeskStage>(1); }, options);
+  if (exitCode == kHeld)
     std::cout
         << "\nEvery byte above was checked. Play on by hand:  build/desk/corvel-desk scenario -\n";
-  return verdict.exitCode;
+  return exitCode;
 }
 
 }  // namespace corvel::tools

@@ -1,7 +1,8 @@
 // Scenarios by hand; see interactive.h.
-#include "tools/interactive.h"
+#include "tools/desk/interactive.h"
 
 #include "base/cp1252.h"
+#include "tools/desk/desk_stage.h"
 #include "tools/scenario_commands.h"
 #include "tools/scenario_player.h"
 #include "tools/scenario_run.h"
@@ -83,8 +84,9 @@ class HandSource : public ScenarioSource {
 int PlayByHand(std::istream& in, std::ostream& out, bool forPerson, std::uint64_t seed) {
   out << kGreeting;
   HandSource source(in, out, forPerson);
-  ScenarioRun run(source, seed);
-  run.desk().journal().Listen(
+  DeskStage stage(seed);
+  ScenarioRun run(source, stage);
+  stage.journal().Listen(
       [&out](const desk::JournalEntry& entry) { out << TraceLine(entry) << '\n'; });
   run.Run();
   return source.exitCode;

@@ -1,5 +1,5 @@
 // The soak; see soak.h.
-#include "tools/soak.h"
+#include "tools/desk/soak.h"
 
 #include "base/error.h"
 #include "platform/desk/desk_services.h"
@@ -20,23 +20,23 @@ constexpr std::int64_t kEndingMs = 10 * 60 * 1000;
 
 }  // namespace
 
-Soak::Soak(std::uint64_t seed) : dice_(seed), play_(seed) {
-  desk::Desk& desk = play_.stage.desk();
+Soak::Soak(std::uint64_t seed) : dice_(seed), stage_(seed) {
+  desk::Desk& desk = stage_.desk();
   desk.journal().KeepNothing();
   desk.journal().Listen([this](const desk::JournalEntry& entry) { Hear(entry); });
   for (const char* wave : {"C:\\AOL\\boing.wav", "C:\\AOL\\welcome.wav", "C:\\WINDOWS\\ding.wav",
                            "C:\\Wavs\\my song.wav"})
-    play_.stage.PutWave(wave, 0.5);
+    stage_.PutWave(wave, 0.5);
   desk.files().Put("C:\\AUTOEXEC.BAT", SoakChecks::kAutoexec);
 }
 
 Soak::~Soak() {
-  play_.stage.desk().SetAgent(nullptr);
-  play_.stage.desk().journal().Listen(nullptr);
+  stage_.desk().SetAgent(nullptr);
+  stage_.desk().journal().Listen(nullptr);
 }
 
 std::string Soak::Run(double hours) {
-  desk::Desk& desk = play_.stage.desk();
+  desk::Desk& desk = stage_.desk();
   endAt_ = static_cast<std::int64_t>(hours * 3.6e6);
   desk.SetAgent(this);
   try {
@@ -68,7 +68,7 @@ void Soak::Hear(const desk::JournalEntry& entry) {
 bool Soak::Act() {
   if (over_ || acting_) return false;
   std::string failure = checks_.CheckProgress();
-  desk::Desk& desk = play_.stage.desk();
+  desk::Desk& desk = stage_.desk();
   if (failure.empty() && desk.NowMs() < actAt_) return false;
   acting_ = true;
   if (failure.empty()) failure = checks_.Check();
@@ -97,28 +97,27 @@ void Soak::Step() {
   }
   if (BringUp()) return;
   if (dice_.Chance(60)) AnswerDialogs();
-  const bool deep = play_.stage.desk().Pumps().size() > kDeepest;
+  const bool deep = stage_.desk().Pumps().size() > kDeepest;
   Do(deep ? user_.CloseSomething() : user_.Think());
 }
 
 // True: a client or program was started, or is yet to come up.
 bool Soak::BringUp() {
-  Stage& stage = play_.stage;
-  if (stage.ClientProcess() == 0 && (stage.Program() != 0 || dice_.Chance(80))) {
-    if (stage.Program() != 0 && dice_.Chance(95)) return false;
+  if (stage_.ClientProcess() == 0 && (stage_.Program() != 0 || dice_.Chance(80))) {
+    if (stage_.Program() != 0 && dice_.Chance(95)) return false;
     user_.ChooseClient();
-    if (stage.HasClient()) {
-      stage.ChangeClient();
-      practice::StartOnDesk(stage.desk());
+    if (stage_.HasClient()) {
+      stage_.ChangeClient();
+      practice::StartOnDesk(stage_.desk());
     } else {
-      stage.PutClient();
+      stage_.PutClient();
     }
     return true;
   }
-  if (stage.Program() != 0 && !dice_.Chance(1)) return false;
+  if (stage_.Program() != 0 && !dice_.Chance(1)) return false;
   ++lives_;
-  stage.desk().windows().SetHung(stage.ClientProcess(), false);  // nobody else would end it
-  stage.StartProgram(dice_.Chance(5) ? "LIVEUPDATE" : "");
+  stage_.desk().windows().SetHung(stage_.ClientProcess(), false);  // nobody else would end it
+  stage_.StartProgram(dice_.Chance(5) ? "LIVEUPDATE" : "");
   return true;
 }
 
@@ -133,7 +132,7 @@ void Soak::Do(const Words& words) {
   if (words.empty()) return;
   if (const std::string wrong = CheckCommand(words); !wrong.empty())
     return Fail("the random user said " + words[0] + ": " + wrong);
-  play_.stage.desk().Note("user", words.All());
+  stage_.desk().Note("user", words.All());
   ++deeds_;
   play_.DropSteps();
   FindCommand(words[0])->play(play_, words);  // a refusal is an answer too
@@ -143,10 +142,10 @@ void Soak::Do(const Words& words) {
 // Asking a client that hangs takes the program so long that the user may not get a word in: the
 // end of it is set beforehand.
 void Soak::ReleaseLater() {
-  desk::Desk& desk = play_.stage.desk();
-  const ProcessId client = play_.stage.ClientProcess();
+  desk::Desk& desk = stage_.desk();
+  const ProcessId client = stage_.ClientProcess();
   const auto release = [&desk, client] { desk.windows().SetHung(client, false); };
-  if (const ProcessId program = play_.stage.Program())
+  if (const ProcessId program = stage_.Program())
     desk.After(program, dice_.Between(500, 60'000), release);
   else
     release();
@@ -154,16 +153,15 @@ void Soak::ReleaseLater() {
 
 // The user closes the client and answers what is still asked; the program has to go with it.
 void Soak::Ending() {
-  Stage& stage = play_.stage;
-  if (endingSince_ == 0) endingSince_ = stage.desk().NowMs();
-  if (stage.desk().NowMs() > endingSince_ + kEndingMs)
+  if (endingSince_ == 0) endingSince_ = stage_.desk().NowMs();
+  if (stage_.desk().NowMs() > endingSince_ + kEndingMs)
     return Fail("the program did not end with its client");
-  stage.desk().files().SetFreeSpace(1'000'000'000);
-  stage.desk().windows().SetHung(stage.ClientProcess(), false);
+  stage_.desk().files().SetFreeSpace(1'000'000'000);
+  stage_.desk().windows().SetHung(stage_.ClientProcess(), false);
   play_.user.DismissPopup();
   AnswerDialogs();
-  if (stage.Program() == 0) return End();
-  if (stage.Client() && dice_.Chance(20)) {
+  if (stage_.Program() == 0) return End();
+  if (stage_.Client() && dice_.Chance(20)) {
     Words close;
     close.Add("client-close", false);
     Do(close);
@@ -172,12 +170,12 @@ void Soak::Ending() {
 
 // What waits and the client's windows as they stand, for whoever looks into a failure.
 void Soak::NoteState() {
-  desk::Desk& desk = play_.stage.desk();
+  desk::Desk& desk = stage_.desk();
   for (const auto& pump : desk.Pumps())
     desk.Note("waits", {std::to_string(pump.process), std::string(pump.wait.name)});
   for (const auto& form : desk.peers().Forms())
     desk.Note("form", {form.state->name, form.state->visible ? "visible" : "hidden"});
-  const practice::PracticeClient* const client = play_.stage.Client();
+  const practice::PracticeClient* const client = stage_.Client();
   if (!client) return;
   desk::DeskWindows& windows = desk.windows();
   desk.Note("client-window", {"AOL Frame25", windows.CaptionOf(client->Frame()),
@@ -195,7 +193,7 @@ void Soak::Fail(const std::string& why) {
 
 void Soak::End() {
   over_ = true;
-  play_.stage.EndAll();
+  stage_.EndAll();
 }
 
 }  // namespace corvel::tools

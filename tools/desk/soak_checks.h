@@ -1,7 +1,7 @@
 // What must hold at every step of a soak, whatever the user, the client and the drive do.
 #pragma once
 
-#include "tools/play.h"
+#include "tools/desk/desk_stage.h"
 
 #include <cstdint>
 #include <set>
@@ -14,7 +14,7 @@ class SoakChecks {
   // What the system's start file holds at first: the program may only add to it.
   static constexpr const char* kAutoexec = "SET PATH=C:\\DOS\r\n";
 
-  explicit SoakChecks(Play& play) : play_(play) {}
+  explicit SoakChecks(DeskStage& stage) : stage_(stage) {}
 
   // Told of each effect: it may allow the user's wave files to be moved or deleted.
   void Hear(const desk::JournalEntry& entry);
@@ -30,7 +30,7 @@ class SoakChecks {
   std::string CheckDataFiles();
   std::string CheckLeftOpen();
 
-  Play& play_;
+  DeskStage& stage_;
   std::string waitName_;
   std::size_t waitDepth_ = 0;
   std::int64_t waitSince_ = 0;

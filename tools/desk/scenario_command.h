@@ -1,7 +1,7 @@
 // corvel-desk scenario and corvel-desk demo.
 #pragma once
 
-#include "tools/arguments.h"
+#include "tools/desk/arguments.h"
 
 namespace corvel::tools {
 

@@ -1,12 +1,10 @@
 // The random user of the soak; see soak_user.h.
-#include "tools/soak_user.h"
+#include "tools/desk/soak_user.h"
 
 #include <algorithm>
 
 namespace corvel::tools {
 namespace {
-
-using Control = desk::DeskPeers::ControlView;
 
 constexpr const char* kLongTalk =
     "a very long line of talk that goes on and on, as people do who have an evening before them "
@@ -68,13 +66,13 @@ constexpr Row kRows[] = {{"mnuWavs", "Wav List"},
                          {"mnuEditor", "Garlands"},
                          {"mnuEditor", "Wav Descriptions"}};
 
-std::string NameOf(const desk::DeskPeers::FormView& form, const ControlState& control) {
+std::string NameOf(const FormView& form, const ControlState& control) {
   std::string name = form.state->name + "." + control.name;
   if (control.index >= 0) name += "(" + std::to_string(control.index) + ")";
   return name;
 }
 
-bool IsUsable(const Control& control) {
+bool IsUsable(const ControlView& control) {
   const ControlKind kind = control.state->kind;
   return control.state->visible && control.state->enabled && kind != ControlKind::kFrame &&
          kind != ControlKind::kProgressBar;
@@ -115,8 +113,8 @@ Words SoakUser::Think() {
 
 // --- The program ---------------------------------------------------------------------------------
 
-std::optional<desk::DeskPeers::FormView> SoakUser::SomeForm() {
-  auto forms = play_.stage.desk().peers().Forms();
+std::optional<FormView> SoakUser::SomeForm() {
+  auto forms = play_.stage.Forms();
   // Questions are answered, not played with: what the user has agreed to must be known.
   std::erase_if(forms, [](const auto& form) {
     const std::string& name = form.state->name;
@@ -130,10 +128,10 @@ SoakUser::Thought SoakUser::UseControl() {
   const auto form = SomeForm();
   if (!form) return {};
   if (dice_.Chance(4)) return {"close", form->state->name};
-  auto controls = play_.stage.desk().peers().ControlsOf(form->window);
-  std::erase_if(controls, [](const Control& control) { return !IsUsable(control); });
+  auto controls = play_.stage.ControlsOf(form->window);
+  std::erase_if(controls, [](const ControlView& control) { return !IsUsable(control); });
   if (controls.empty()) return {};
-  const Control& control = dice_.OneOf(controls);
+  const ControlView& control = dice_.OneOf(controls);
   const std::string name = NameOf(*form, *control.state);
   const auto& items = control.state->items;
   if (!items.empty() && dice_.Chance(70)) {

@@ -1,5 +1,5 @@
 // What must hold at every step of a soak; see soak_checks.h.
-#include "tools/soak_checks.h"
+#include "tools/desk/soak_checks.h"
 
 #include "base/text.h"
 #include "platform/desk/desk_services.h"
@@ -61,8 +61,8 @@ void SoakChecks::Hear(const desk::JournalEntry& entry) {
 }
 
 std::string SoakChecks::CheckProgress() {
-  const auto& pumps = play_.stage.desk().Pumps();
-  const std::int64_t now = play_.stage.desk().NowMs();
+  const auto& pumps = stage_.desk().Pumps();
+  const std::int64_t now = stage_.desk().NowMs();
   const bool mayLast = pumps.empty() || pumps.back().wait.whom == WaitFor::kUser ||
                        !HasLimit(pumps.back().wait.name);
   if (mayLast || pumps.size() != waitDepth_ || pumps.back().wait.name != waitName_) {
@@ -85,9 +85,9 @@ std::string SoakChecks::Check() {
 }
 
 std::string SoakChecks::CheckHooks() {
-  desk::DeskWindows& windows = play_.stage.desk().windows();
+  desk::DeskWindows& windows = stage_.desk().windows();
   const auto hooked = windows.HookedWindows();
-  if (!hooked.empty() && play_.stage.Program() == 0) return "a window is hooked by nobody";
+  if (!hooked.empty() && stage_.Program() == 0) return "a window is hooked by nobody";
   const bool allThere =
       std::all_of(hooked.begin(), hooked.end(), [&](Window w) { return windows.Exists(w); });
   return allThere ? "" : "a window that has gone is still hooked";
@@ -96,10 +96,10 @@ std::string SoakChecks::CheckHooks() {
 // Start-up keeps the client disabled until it has ended; after that a user who is asked for
 // something must be able to go to the client first.
 std::string SoakChecks::CheckClient() {
-  desk::Desk& desk = play_.stage.desk();
-  const ProcessId program = play_.stage.Program();
-  practice::PracticeClient* const client = play_.stage.Client();
-  if (!client || !play_.stage.HasStarted(program)) return {};
+  desk::Desk& desk = stage_.desk();
+  const ProcessId program = stage_.Program();
+  practice::PracticeClient* const client = stage_.Client();
+  if (!client || !stage_.HasStarted(program)) return {};
   const auto& pumps = desk.Pumps();
   const bool idle = std::none_of(pumps.begin(), pumps.end(),
                                  [&](const auto& pump) { return pump.process == program; });
@@ -111,7 +111,7 @@ std::string SoakChecks::CheckClient() {
 
 std::string SoakChecks::CheckWaves() {
   std::set<std::string> now;
-  for (const std::string& path : play_.stage.desk().files().AllPaths())
+  for (const std::string& path : stage_.desk().files().AllPaths())
     if (Lower(path).ends_with(".wav")) now.insert(Lower(path));
   std::string lost;
   for (const std::string& path : waves_)
@@ -122,19 +122,19 @@ std::string SoakChecks::CheckWaves() {
 
 std::string SoakChecks::CheckDataFiles() {
   for (const DataFile& file : kDataFiles) {
-    const auto bytes = play_.stage.desk().files().Peek(file.path);
+    const auto bytes = stage_.desk().files().Peek(file.path);
     if (!bytes || bytes->empty()) continue;
     if (!bytes->ends_with("\r\n") || !EveryLineHas(*bytes, file.mark))
       return std::string(file.path) + " is no whole version: " + Quoted(*bytes);
   }
-  const auto start = play_.stage.desk().files().Peek("C:\\AUTOEXEC.BAT");
+  const auto start = stage_.desk().files().Peek("C:\\AUTOEXEC.BAT");
   if (!start || !start->starts_with(kAutoexec)) return "AUTOEXEC.BAT has lost its lines";
   return {};
 }
 
 std::string SoakChecks::CheckLeftOpen() {
-  if (play_.stage.Program() != 0) return {};
-  const auto left = play_.stage.desk().LeftOpen(0);
+  if (stage_.Program() != 0) return {};
+  const auto left = stage_.desk().LeftOpen(0);
   return left.empty() ? "" : "left open: " + left.front();
 }
 

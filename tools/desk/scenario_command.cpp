@@ -1,30 +1,19 @@
 // corvel-desk scenario; see scenario_command.h.
-#include "tools/scenario_command.h"
+#include "tools/desk/scenario_command.h"
 
-#include "tools/interactive.h"
+#include "tools/desk/desk_stage.h"
+#include "tools/desk/interactive.h"
+#include "tools/desk/terminal_text.h"
 #include "tools/scenario_player.h"
-#include "tools/terminal_text.h"
 #include "tools/trace.h"
 
-#include <algorithm>
 #include <iostream>
 
 namespace corvel::tools {
-namespace {
-
-int PlayOne(const std::string& file, const ScenarioOptions& options) {
-  if (file == "-") return PlayByHand(std::cin, std::cout, StdinIsTerminal(), options.seed);
-  const ScenarioVerdict verdict = PlayScenarioFile(file, options);
-  std::cout.flush();
-  for (const std::string& message : verdict.messages) std::cerr << message << '\n';
-  return verdict.exitCode;
-}
-
-}  // namespace
 
 int ScenarioCommand(Arguments& arguments) {
   ScenarioOptions options;
-  options.seed = arguments.TakeNumber("--seed", options.seed);
+  const std::uint64_t seed = arguments.TakeNumber("--seed", 1);
   if (arguments.TakeFlag("--trace"))
     options.onEffect = [](const desk::JournalEntry& entry) {
       std::cout << TraceLine(entry) << '\n';
@@ -35,9 +24,10 @@ int ScenarioCommand(Arguments& arguments) {
               << "\nusage: corvel-desk scenario [--trace] [--seed N] FILE...   (- plays by hand)\n";
     return kUnreadable;
   }
-  int exitCode = kHeld;
-  for (const std::string& file : files) exitCode = std::max(exitCode, PlayOne(file, options));
-  return exitCode;
+  if (files == std::vector<std::string>{"-"})
+    return PlayByHand(std::cin, std::cout, StdinIsTerminal(), seed);
+  return PlayScenarioFiles(
+      files, [seed] { return std::make_unique<DeskStage>(seed); }, options);
 }
 
 }  // namespace corvel::tools

@@ -1,5 +1,5 @@
 // The command line of corvel-desk; see arguments.h.
-#include "tools/arguments.h"
+#include "tools/desk/arguments.h"
 
 #include <algorithm>
 #include <charconv>

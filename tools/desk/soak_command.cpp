@@ -1,8 +1,8 @@
 // corvel-desk soak; see soak_command.h.
-#include "tools/soak_command.h"
+#include "tools/desk/soak_command.h"
 
+#include "tools/desk/soak.h"
 #include "tools/scenario_player.h"
-#include "tools/soak.h"
 #include "tools/trace.h"
 
 #include <chrono>

@@ -1,7 +1,7 @@
 // corvel-desk soak.
 #pragma once
 
-#include "tools/arguments.h"
+#include "tools/desk/arguments.h"
 
 namespace corvel::tools {
 

@@ -1,4 +1,4 @@
-#include "tools/fade_command.h"
+#include "tools/desk/fade_command.h"
 
 #include "base/text.h"
 #include "fader/modFade.h"
@@ -127,7 +127,9 @@ std::string WithStandIns(std::string text) {
 // A browser would nest the engine's colours, which are never closed, by the thousand; so each one
 // is closed where the next begins. The look is the same.
 std::string Paragraph(const std::string& faded) {
+  constexpr std::string_view kEnd = "</FONT>";
   std::string html = Replaced(faded, "<FONT COLOR=#", "</FONT><FONT COLOR=#");
+  if (const auto first = html.find(kEnd); first != html.npos) html.erase(first, kEnd.size());
   for (const PageCharacter& special : kPageCharacters)
     html = Replaced(html, std::string_view(&special.standIn, 1), special.entity);
   return "<p>" + html + "</p>\n";

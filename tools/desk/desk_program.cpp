@@ -1,5 +1,5 @@
 // The program as a process of the desk; see desk_program.h.
-#include "tools/desk_program.h"
+#include "tools/desk/desk_program.h"
 
 #include "app/corvel_process.h"
 
@@ -13,8 +13,8 @@ using Started = std::function<void(ProcessId)>;
 
 class CorvelBody : public desk::ProcessBody {
  public:
-  CorvelBody(desk::Desk& desk, Started started)
-      : desk_(desk), started_(std::move(started)), process_(desk.platform()) {}
+  CorvelBody(desk::Desk& desk, Platform& platform, Started started)
+      : desk_(desk), started_(std::move(started)), process_(platform) {}
 
   void Start(const std::string&) override {  // the command line is asked of the platform
     process_.Start();
@@ -30,9 +30,9 @@ class CorvelBody : public desk::ProcessBody {
 
 }  // namespace
 
-void InstallCorvelOnDesk(desk::Desk& desk, Started started) {
-  desk.Install(kProgramPath, [started = std::move(started)](desk::Desk& home) {
-    return std::make_unique<CorvelBody>(home, started);
+void InstallCorvelOnDesk(desk::Desk& desk, Platform& platform, Started started) {
+  desk.Install(kProgramPath, [&platform, started = std::move(started)](desk::Desk& home) {
+    return std::make_unique<CorvelBody>(home, platform, started);
   });
 }
 

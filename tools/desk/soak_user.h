@@ -2,7 +2,7 @@
 // client and a program as they happen to stand. So each of its deeds can be played by hand again.
 #pragma once
 
-#include "tools/dice.h"
+#include "tools/desk/dice.h"
 #include "tools/play.h"
 #include "tools/scenario_file.h"
 
@@ -53,7 +53,7 @@ class SoakUser {
   std::string SomeText();
   std::string SomePerson();
   std::string SomeWave();
-  std::optional<desk::DeskPeers::FormView> SomeForm();
+  std::optional<FormView> SomeForm();
 
   Play& play_;
   Dice& dice_;

@@ -1,0 +1,299 @@
+// The stage on Windows; see win32_stage.h.
+#include "tools/win32/win32_stage.h"
+
+#include "base/error.h"
+#include "base/text.h"
+#include "platform/win32/callback.h"
+#include "platform/win32/win32_event_loop.h"
+
+#include <algorithm>
+#include <stdexcept>
+#include <utility>
+#include <windows.h>
+
+namespace corvel::tools {
+namespace {
+
+constexpr std::uint32_t kClientComesMs = 20'000, kProcessEndsMs = 5000;
+constexpr const char* kClientProgram = "C:\\AOL\\waol.exe";
+
+void CopyProgram(const std::string& from, const char* to) {
+  if (!CopyFileA(from.c_str(), to, FALSE))
+    throw std::runtime_error("can't copy " + from + " to " + to);
+}
+
+void EndProcess(ProcessId id) {
+  const HANDLE process = OpenProcess(PROCESS_TERMINATE | SYNCHRONIZE, FALSE, id);
+  if (!process) return;
+  TerminateProcess(process, 1);
+  WaitForSingleObject(process, kProcessEndsMs);
+  CloseHandle(process);
+}
+
+const char* LocaleWord(practice::Locale locale) {
+  constexpr const char* kWords[] = {"us", "uk", "ca", "au", "de"};
+  return kWords[static_cast<std::size_t>(locale)];
+}
+
+std::string Joined(const std::vector<std::string>& names) {
+  std::string list;
+  for (const std::string& name : names) list += (list.empty() ? "" : ",") + name;
+  return list;
+}
+
+}  // namespace
+
+Win32Stage::Win32Stage(std::string folder) : folder_(std::move(folder)), begin_(GetTickCount()) {
+  script_.note = [this](std::string_view kind, std::vector<std::string> words) {
+    Note(kind, std::move(words));
+  };
+  SetMachine();
+  PutFile("C:\\Corvel\\corvel32.exe", "MZ");  // runs in this very process
+}
+
+Win32Stage::~Win32Stage() { EndAll(); }
+
+// --- Time ----------------------------------------------------------------------------------------
+
+std::int64_t Win32Stage::NowMs() const { return GetTickCount() - begin_; }
+
+std::string Win32Stage::InnermostWait() {
+  return script_.waits.size() < 2 ? "" : script_.waits.back().name;
+}
+
+// The program's own main loop, and whoever acts beside it.
+void Win32Stage::Run(Actor& actor) {
+  home_.events().SetIdle([this, &actor] { return OnIdle(actor); });
+  while (!actor.IsOver()) {
+    try {
+      scripted_.platform().events.Pump({"WinMain", WaitFor::kUser});
+      std::erase_if(programs_, [](const auto& program) { return program->Finished(); });
+    } catch (const ProcessExit&) {  // of the program that has come up: another one refuses to
+      programs_.clear();
+    }
+  }
+  home_.events().SetIdle({});
+  programs_.clear();
+}
+
+bool Win32Stage::OnIdle(Actor& actor) {
+  if (actor.IsOver()) return false;
+  TakeWitness();
+  NoteForms();
+  return RunTask() || actor.Act();
+}
+
+Deed Win32Stage::Post(std::function<void()> run) {
+  const int id = ++lastTask_;
+  openTasks_.insert(id);
+  tasks_.push_back({id, std::move(run)});
+  return {.over = [this, id] { return !openTasks_.contains(id); }};
+}
+
+bool Win32Stage::RunTask() {
+  if (tasks_.empty()) return false;
+  const Task task = std::move(tasks_.front());
+  tasks_.pop_front();
+  struct Over {
+    std::set<int>& open;
+    int id;
+    ~Over() { open.erase(id); }
+  } const over{openTasks_, task.id};
+  task.run();
+  return true;
+}
+
+// --- The scene -----------------------------------------------------------------------------------
+
+void Win32Stage::SetWallClock(const CivilTime& now) {
+  script_.clockAhead =
+      MillisecondsFromCivil(now) - MillisecondsFromCivil(home_.platform().clock.Now());
+}
+
+void Win32Stage::SetDisplay(int bitsPerPixel, int width, int height) {
+  script_.bitsPerPixel = bitsPerPixel;
+  script_.screen = {width, height};
+}
+
+void Win32Stage::NextDraws(const std::vector<double>& draws) {
+  script_.draws.insert(script_.draws.end(), draws.begin(), draws.end());
+}
+
+bool Win32Stage::LockFile(std::string_view path, bool locked) {
+  drive_.Lock(std::string(path), locked);
+  return true;
+}
+
+// --- The client ----------------------------------------------------------------------------------
+
+void Win32Stage::InstallClient(bool start) {
+  PutFile("C:\\AOL\\iwengx32.dll", "MZ");
+  PutFile("C:\\AOL\\idb\\main.idx", practice::AccountIndex(setup.screenNames));
+  WritePracticeSettings();
+  CopyProgram(folder_ + "\\practice.exe", kClientProgram);
+  CopyProgram(folder_ + "\\aol.exe", "C:\\AOL\\aol.exe");
+  if (!start) return;
+  home_.platform().processes.Run(kClientProgram, show::kNormal);
+  if (!channel_.WaitUntilThere(kClientComesMs))
+    throw std::runtime_error("the practice client does not come up");
+}
+
+void Win32Stage::WritePracticeSettings() {
+  PutFile("C:\\AOL\\practice.ini",
+          "[client]\r\nversion=" + setup.version + "\r\nlocale=" + LocaleWord(setup.locale) +
+              "\r\nnames=" + Joined(setup.screenNames) +
+              "\r\nsigned-on=" + (setup.signedOnAs.empty() ? "nobody" : setup.signedOnAs) +
+              "\r\ndelay=" + std::to_string(setup.delayMs) + "\r\n");
+}
+
+void Win32Stage::ChangeClient() {
+  if (HasClient()) WritePracticeSettings();
+}
+
+void Win32Stage::CrashClient() {
+  DWORD process = 0;
+  GetWindowThreadProcessId(FindWindowA(practice::kChannelClass, nullptr), &process);
+  EndProcess(process);
+}
+
+// Each call has a channel of its own: while one waits, a hook's handler may make the next.
+Deed Win32Stage::DoInClient(const std::vector<std::string>& words,
+                            std::shared_ptr<practice::Reply> reply) {
+  const auto ticket = practice::PracticeChannel().Begin(words);
+  win32::Callback::Rethrow();
+  if (!ticket) return {.refusal = "the client is not running"};
+  return {.over = [ticket = *ticket, reply] {
+    auto answer = practice::PracticeChannel().ReplyTo(ticket);
+    win32::Callback::Rethrow();
+    if (answer) *reply = *std::move(answer);
+    return answer.has_value();
+  }};
+}
+
+practice::Reply Win32Stage::AskClient(const std::vector<std::string>& words) {
+  practice::Reply reply = practice::PracticeChannel().Ask(words);
+  win32::Callback::Rethrow();
+  return reply;
+}
+
+// What has left the client comes into the journal.
+void Win32Stage::TakeWitness() {
+  if (takingWitness_ || !channel_.IsThere()) return;
+  takingWitness_ = true;
+  for (auto& [kind, words] : channel_.TakeWitness()) Note(kind, std::move(words));
+  takingWitness_ = false;
+  win32::Callback::Rethrow();
+}
+
+std::string Win32Stage::Library::GetVersion(std::string_view) {
+  return stage.setup.version.substr(0, 3);
+}
+
+int Win32Stage::Library::IsOnline() {
+  return practice::PracticeChannel().IsOnline().value_or(false) ? 1 : 0;
+}
+
+std::vector<std::string> Win32Stage::Library::GetScreenNames(std::string_view) {
+  const std::vector<std::string> none(6, std::string(1, '\0'));
+  return practice::PracticeChannel().ScreenNames().value_or(none);
+}
+
+// --- The program ---------------------------------------------------------------------------------
+
+Deed Win32Stage::Start(const std::string& commandLine) {
+  return Post([this, commandLine] { StartProgram(commandLine); });
+}
+
+void Win32Stage::StartProgram(const std::string& commandLine) {
+  script_.commandLine = commandLine;
+  script_.previousInstance = ProgramRuns();
+  programs_.push_back(std::make_unique<CorvelProcess>(scripted_.platform()));
+  programs_.back()->Start();
+}
+
+bool Win32Stage::ProgramRuns() {
+  return std::any_of(programs_.begin(), programs_.end(),
+                     [](const auto& program) { return !program->Finished(); });
+}
+
+// In a wait of its own, not in the main loop.
+bool Win32Stage::ProgramWaitsForUser() {
+  return script_.waits.size() > 1 && script_.waits.back().whom == WaitFor::kUser;
+}
+
+void Win32Stage::EndAll() {
+  script_.ended = true;
+  const auto processes = home_.platform().processes.Snapshot();
+  if (!processes) return;
+  for (const ProcessEntry& process : *processes)
+    if (Lower(process.path).starts_with("c:\\aol\\")) EndProcess(process.id);
+}
+
+// --- The user's hand -----------------------------------------------------------------------------
+
+std::vector<FormView> Win32Stage::Forms() {
+  std::vector<FormView> forms;
+  for (const auto& form : home_.peers().Forms()) forms.push_back({form.window, form.state});
+  return forms;
+}
+
+std::vector<ControlView> Win32Stage::ControlsOf(Window form) {
+  std::vector<ControlView> controls;
+  for (const auto& control : home_.peers().ControlsOf(form))
+    controls.push_back({control.window, control.state});
+  return controls;
+}
+
+Deed Win32Stage::Done(const win32::Win32Peers::Done& done) {
+  if (!done.refusal.empty()) return {.refusal = done.refusal};
+  return {.over = [this, task = done.task] { return home_.peers().IsOver(task); }};
+}
+
+Deed Win32Stage::Click(Window control) { return Done(home_.peers().Click(control)); }
+Deed Win32Stage::DoubleClick(Window control) { return Done(home_.peers().DoubleClick(control)); }
+Deed Win32Stage::RightClick(Window control) { return Done(home_.peers().RightClick(control)); }
+Deed Win32Stage::Select(Window control, int row, bool keepMarked) {
+  return Done(home_.peers().Select(control, row, keepMarked));
+}
+Deed Win32Stage::Type(Window control, const std::string& wholeText) {
+  return Done(home_.peers().Type(control, wholeText));
+}
+Deed Win32Stage::Press(Window control, Key key) { return Done(home_.peers().Press(control, key)); }
+Deed Win32Stage::Close(Window form) { return Done(home_.peers().Close(form)); }
+
+bool Win32Stage::TrayMouse(LParam mouseMessage) {
+  return script_.trayIcon &&
+         home_.platform().windows.Post(script_.trayIcon->owner, script_.trayIcon->message, 0,
+                                       mouseMessage);
+}
+
+// --- What came of it -----------------------------------------------------------------------------
+
+int Win32Stage::HookCount() {
+  std::set<Window> hooked;
+  for (const auto& [hook, window] : script_.hooks)
+    if (home_.platform().hooks.IsAttached(hook)) hooked.insert(window);
+  return static_cast<int>(hooked.size());
+}
+
+void Win32Stage::NoteForms() {
+  std::set<std::string> now;
+  for (const FormView& form : Forms())
+    if (form.state->visible) now.insert(form.state->name);
+  for (const std::string& name : shown_)
+    if (!now.contains(name)) Note("hidden", {name});
+  for (const std::string& name : now)
+    if (!shown_.contains(name)) Note("shown", {name});
+  shown_ = std::move(now);
+}
+
+std::vector<std::string> Win32Stage::LeftOpen() {
+  std::vector<std::string> left;
+  if (ProgramRuns()) return left;
+  for (const FormView& form : Forms()) left.push_back("the window " + form.state->name);
+  if (HookCount() > 0) left.push_back("a hook into the client");
+  if (HasTrayIcon()) left.push_back("a tray icon");
+  return left;
+}
+
+}  // namespace corvel::tools
