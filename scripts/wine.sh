@@ -7,7 +7,7 @@ wine_template=build/wine-template
 
 need_wine() {
   need "Windows programs on this machine" wine wine64
-  need "the compiler for Windows" g++-mingw-w64-x86-64-win32 mingw-w64-tools binutils-mingw-w64
+  need "the compiler for Windows" g++-mingw-w64-x86-64-win32
 }
 
 # Programs that see a Windows 98 when they ask.

@@ -143,8 +143,8 @@ enum class Aspect {
 class ControlPeer {
  public:
   virtual ~ControlPeer() = default;
-  // The state has changed in this aspect; `row` is the row inserted or removed, with kItems the only
-  // row whose text has changed, with kSelection the only one whose mark has. -1: look at all.
+  // The state has changed in this aspect; `row` is the row inserted or removed, with kItems the
+  // only row whose text has changed, with kSelection the only one whose mark has. -1: look at all.
   virtual void Changed(Aspect aspect, int row = -1) = 0;
   virtual void TakeFocus() = 0;
   virtual Window Handle() = 0;

@@ -51,7 +51,7 @@ struct WindowNode {
   Rect place{};    // in the parent's pixels
   MenuHandle menuBar{};
   std::string text;
-  std::size_t caret = 0;  // of an edit box
+  std::size_t caret = 0;                   // of an edit box
   const std::string* shownText = nullptr;  // if set, this is the text: it belongs to the toolkit
   std::vector<std::uint32_t> hooks;        // newest first
 

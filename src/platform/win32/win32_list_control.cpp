@@ -218,9 +218,12 @@ class ListBox : public ListControl {
   void TellMarks() {
     const std::vector<int> marked = MarkedRows(), turned = TurnedRows(marked);
     if (marked.empty()) return Select({-1}, false);
-    if (turned.size() == 1 && (marked.size() > 1 || turned != marked)) return Select(turned, true);
-    std::vector<int> order = marked;
+    // A click with Control leaves the caret at the row that it has turned over; a plain click on
+    // one of two marked rows turns over the other one.
     const auto caret = static_cast<int>(Send(LB_GETCARETINDEX));
+    const bool one = turned.size() == 1 && turned[0] == caret;
+    if (one && (marked.size() > 1 || turned != marked)) return Select(turned, true);
+    std::vector<int> order = marked;
     const auto last = std::find(order.begin(), order.end(), caret);
     if (last != order.end()) std::rotate(last, last + 1, order.end());
     if (!turned.empty() || marked.size() == 1) Select(order, false);
