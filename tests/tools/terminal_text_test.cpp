@@ -1,5 +1,5 @@
 // Faded lines on a terminal: the client's tags become colours, everything else stays text.
-#include "tools/desk/terminal_text.h"
+#include "tools/terminal_text.h"
 
 #include <gtest/gtest.h>
 

@@ -3,8 +3,8 @@
 
 #include "tools/desk/desk_stage.h"
 #include "tools/desk/interactive.h"
-#include "tools/desk/terminal_text.h"
 #include "tools/scenario_player.h"
+#include "tools/terminal_text.h"
 #include "tools/trace.h"
 
 #include <iostream>

@@ -4,6 +4,7 @@
 #include "base/text.h"
 #include "platform/desk/desk_services.h"
 #include "platform/desk/desk_windows.h"
+#include "tools/scenario_file.h"
 
 #include <algorithm>
 #include <iterator>

@@ -1,5 +1,5 @@
 // Lines of the room on a terminal; see terminal_text.h.
-#include "tools/desk/terminal_text.h"
+#include "tools/terminal_text.h"
 
 #include "base/cp1252.h"
 #include "base/text.h"
