@@ -27,10 +27,11 @@ optional() {
   (need "$@") || echo "(going on without: ${*:2})"
 }
 
-# build PRESET: configures and builds, quietly unless something is wrong; ninja shows the progress.
+# build PRESET [TARGET...]: configures and builds, quietly unless something is wrong; ninja shows the
+# progress.
 build() {
   say "Building ($1)"
   cmake --preset "$1" >"build-$1.log" 2>&1 || { cat "build-$1.log"; rm -f "build-$1.log"; exit 1; }
   rm -f "build-$1.log"
-  cmake --build --preset "$1"
+  cmake --build --preset "$1" ${2:+--target "${@:2}"}
 }

@@ -6,7 +6,7 @@ export WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml="
 wine_template=build/wine-template
 
 need_wine() {
-  need "Windows programs on this machine" wine wine64
+  need "Windows programs on this machine, and fonts of their time" wine wine64 fonts-wine fonts-liberation
   need "the compiler for Windows" g++-mingw-w64-x86-64-win32
 }
 

@@ -49,3 +49,12 @@ set_target_properties(hook_test PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINA
 add_dependencies(hook_test corvelhk)
 add_test(NAME hooks COMMAND hook_test)
 set_tests_properties(hooks PROPERTIES RUN_SERIAL ON TIMEOUT 300)
+
+# The figures of real windows: ./bench runs them.
+add_executable(hook_bench ${CMAKE_SOURCE_DIR}/benchmarks/win32_hook_bench.cpp)
+target_link_libraries(hook_bench corvel_win32)
+add_dependencies(hook_bench corvelhk)
+add_executable(idle_baseline WIN32 ${CMAKE_SOURCE_DIR}/benchmarks/win32_idle_baseline.cpp)
+target_link_libraries(idle_baseline corvel_options)
+set_target_properties(hook_bench idle_baseline PROPERTIES
+  RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
