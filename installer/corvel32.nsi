@@ -11,6 +11,8 @@ SetDateSave off
 XPStyle off
 CRCCheck on
 ShowInstDetails show
+InstallColors /windows
+BrandingText " "
 Icon "${ART}/corvel32.ico"
 UninstallIcon "${ART}/corvel32.ico"
 
@@ -21,18 +23,34 @@ Page instfiles
 UninstPage uninstConfirm
 UninstPage instfiles
 
+; The size of a file in $1, "" if it can't be read.
+!macro SizeOf PATH
+  StrCpy $1 ""
+  ClearErrors
+  FileOpen $0 "${PATH}" r
+  IfErrors +3
+    FileSeek $0 0 END $1
+    FileClose $0
+!macroend
+
 ; A runtime file is laid where the system has none, never over an existing one; and only one that was
-; laid here is taken away again.
+; laid here is taken away again. Another program's set-up may have put the real one over it since:
+; that one has another size.
 !macro Runtime FILE
-  IfFileExists "$SYSDIR\${FILE}" +4
+  IfFileExists "$SYSDIR\${FILE}" end_${FILE}
     SetOutPath "$SYSDIR"
     File "${BUILD}/runtime/${FILE}"
-    WriteINIStr "$INSTDIR\install.log" "Runtime" "${FILE}" "1"
+    !insertmacro SizeOf "$SYSDIR\${FILE}"
+    WriteINIStr "$INSTDIR\install.log" "Runtime" "${FILE}" "$1"
+  end_${FILE}:
 !macroend
 !macro un.Runtime FILE
-  ReadINIStr $0 "$INSTDIR\install.log" "Runtime" "${FILE}"
-  StrCmp $0 "1" 0 +2
-    Delete "$SYSDIR\${FILE}"
+  ReadINIStr $2 "$INSTDIR\install.log" "Runtime" "${FILE}"
+  StrCmp $2 "" end_${FILE}
+    !insertmacro SizeOf "$SYSDIR\${FILE}"
+    StrCmp $1 $2 0 end_${FILE}
+      Delete "$SYSDIR\${FILE}"
+  end_${FILE}:
 !macroend
 !macro EachRuntime DO
   !insertmacro ${DO} dwqrvspy.dll

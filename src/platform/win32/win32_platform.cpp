@@ -22,7 +22,20 @@
 #include "platform/win32/win32_system_info.h"
 #include "platform/win32/win32_window_system.h"
 
+#include <float.h>
+
 namespace corvel::win32 {
+namespace {
+
+// The x87 keeps more digits than a double has, so that 5 times 0.6 would be less than 3 here and 3
+// elsewhere. The compiler's start-up leaves it so; the programs of the time rounded to doubles.
+void RoundToDoubles() {
+#ifdef __i386__
+  _controlfp(_PC_53, _MCW_PC);
+#endif
+}
+
+}  // namespace
 
 // In the order in which each needs those before it.
 struct Win32Platform::Impl {
@@ -53,7 +66,7 @@ struct Win32Platform::Impl {
                     sound,   shell,    printer, dialogs,    clock,  random};
 };
 
-Win32Platform::Win32Platform() : impl_(std::make_unique<Impl>()) {}
+Win32Platform::Win32Platform() : impl_(std::make_unique<Impl>()) { RoundToDoubles(); }
 Win32Platform::~Win32Platform() = default;
 
 Platform& Win32Platform::platform() { return impl_->platform; }
