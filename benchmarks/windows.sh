@@ -10,11 +10,12 @@ new_prefix "$prefix" null
 lay_home "$prefix" build/win64
 in_prefix "$prefix" 120 taskset -c 0 wine build/win64/hook_bench.exe | tr -d '\r'
 
-# The process that runs a Windows program.
+# The process that runs a Windows program in this prefix.
 process_of() {
   local id
   for id in $(pgrep -f "$1"); do
-    [ "$(cat "/proc/$id/comm" 2>/dev/null)" = "${1:0:15}" ] && echo "$id" && return
+    [ "$(cat "/proc/$id/comm" 2>/dev/null)" = "${1:0:15}" ] || continue
+    grep -qzxF "WINEPREFIX=$WINEPREFIX" "/proc/$id/environ" 2>/dev/null && echo "$id" && return
   done
 }
 cpu_ms() { awk -v hz="$(getconf CLK_TCK)" '{ print ($14 + $15) * 1000 / hz }' "/proc/$1/stat"; }
