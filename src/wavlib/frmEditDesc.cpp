@@ -53,9 +53,9 @@ frmEditDesc::frmEditDesc(Program& program, AolClient& client)
 void frmEditDesc::Form_Load() {
   SetFormColor(program, *this);
   using namespace forms;
-  Arrange(Column({Stretch(Cell(ListView1, 70, 16)),
-                  forms::Row({Cell(cmdNew, 9), Cell(cmdEdit, 9), Cell(cmdDel, 9), Cell(cmdPrint, 9),
-                              Space(), Cell(cmdHelp, 9), Cell(cmdExit, 9)})}));
+  Arrange(forms::Row(
+      {Stretch(Cell(ListView1, 56, 16)), Column({Cell(cmdNew), Cell(cmdEdit), Cell(cmdDel),
+                                                 Cell(cmdPrint), Cell(cmdHelp), Cell(cmdExit)})}));
   Center();
   LoadRows();
 }
