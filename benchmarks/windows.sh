@@ -23,7 +23,7 @@ cpu_ms() { awk -v hz="$(getconf CLK_TCK)" '{ print ($14 + $15) * 1000 / hz }' "/
 say "Beside an idle client for $seconds seconds"
 export WINEPREFIX; WINEPREFIX=$(realpath "$prefix")
 trap 'wineserver -k' EXIT
-(cd "$prefix/drive_c/AOL" && exec wine waol.exe) >/dev/null 2>&1 &
+(cd "$prefix/drive_c/AOL" && exec wine waol.exe people=off) >/dev/null 2>&1 &
 sleep 5
 wine build/win64/idle_baseline.exe >/dev/null 2>&1 &
 (cd "$prefix/drive_c/Corvel" && exec wine corvel32.exe) >/dev/null 2>&1 &

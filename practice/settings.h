@@ -20,7 +20,7 @@ namespace corvel::practice {
 
 struct Settings {
   Setup setup;
-  bool people = false;
+  bool people = true;                 // invented ones talk to a user by hand
   std::string target;                 // behind "-s"
   std::vector<std::string> mistakes;  // a sentence each; what they are about kept its default
 };

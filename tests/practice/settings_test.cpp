@@ -18,20 +18,20 @@ TEST(Settings, WithoutAWordAreTheDefaults) {
   EXPECT_EQ(settings.setup.version, "4.0");
   EXPECT_EQ(settings.setup.signedOnAs, "PracticeOne");
   EXPECT_EQ(settings.setup.folder, "C:\\AOL");
-  EXPECT_FALSE(settings.people);
+  EXPECT_TRUE(settings.people) << "whoever starts it from a menu is not left alone";
   EXPECT_EQ(settings.mistakes, Strings{});
 }
 
 TEST(Settings, OfTheCommandLineCountMoreThanThoseOfTheFile) {
   const Settings settings =
-      Read("version=3.0\r\nlocale=uk\r\nnames=Ann, Bob B ,\r\ndelay=200\r\npeople=on\r\n",
+      Read("version=3.0\r\nlocale=uk\r\nnames=Ann, Bob B ,\r\ndelay=200\r\npeople=off\r\n",
            "VERSION=5.0  \"names=Carl,Dora D\" -saol://9293:x y ");
   EXPECT_EQ(settings.setup.version, "5.0");
   EXPECT_EQ(settings.setup.locale, Locale::kUk);
   EXPECT_EQ(settings.setup.screenNames, (Strings{"Carl", "Dora D"}));
   EXPECT_EQ(settings.setup.signedOnAs, "Carl") << "the first of the names that count";
   EXPECT_EQ(settings.setup.delayMs, 200u);
-  EXPECT_TRUE(settings.people);
+  EXPECT_FALSE(settings.people);
   EXPECT_EQ(settings.target, "aol://9293:x y");
   EXPECT_EQ(settings.mistakes, Strings{});
 }

@@ -143,7 +143,7 @@ void Win32Stage::WritePracticeSettings() {
           "[client]\r\nversion=" + setup.version + "\r\nlocale=" + LocaleWord(setup.locale) +
               "\r\nnames=" + Joined(setup.screenNames) +
               "\r\nsigned-on=" + (setup.signedOnAs.empty() ? "nobody" : setup.signedOnAs) +
-              "\r\ndelay=" + std::to_string(setup.delayMs) + "\r\n");
+              "\r\ndelay=" + std::to_string(setup.delayMs) + "\r\npeople=off\r\n");
 }
 
 void Win32Stage::ChangeClient() {
