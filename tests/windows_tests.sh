@@ -9,6 +9,8 @@ mkdir -p "$homes"
 # A sound device that takes all and plays nothing.
 echo 'pcm.!default { type null }' >"$homes/asound.conf"
 export ALSA_CONFIG_PATH=$PWD/$homes/asound.conf
+# A recycle bin of the tests' own.
+export XDG_DATA_HOME=$PWD/$homes/data
 
 # in_new_prefix NAME CORE SECONDS COMMAND...: quiet unless it fails.
 in_new_prefix() {

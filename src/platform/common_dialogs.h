@@ -13,7 +13,8 @@ namespace corvel {
 class CommonDialogs {
  public:
   virtual ~CommonDialogs() = default;
-  // The chosen path, at most 127 characters; nothing on Cancel. The pattern is like "*.wav".
+  // The chosen path; nothing on Cancel, or if it has more than 127 characters. The pattern is like
+  // "*.wav".
   virtual std::optional<std::string> OpenFile(Window owner, std::string_view description,
                                               std::string_view pattern) = 0;
   virtual std::optional<std::string> SaveFile(Window owner, std::string_view description,

@@ -60,7 +60,7 @@ class Files {
   virtual std::vector<std::string> Drives() = 0;  // "a:", "c:"
 
   // The system's profile files: [section] / key=value. A value comes without blanks around it and
-  // without one pair of quotes. Keys and sections are compared without case.
+  // without one pair of quotes. Keys and sections are compared without case; a key may hold "=".
   virtual std::string ReadProfile(std::string_view path, std::string_view section,
                                   std::string_view key) = 0;  // "" if not there; never throws
   // Writes or, with nullopt, deletes a key. Makes the file. False if it can't be written or would

@@ -28,7 +28,8 @@ struct NewWindow {
   // it exists, and it comes up on top.
   bool mdiChild = false;
   // On Windows: the system class ("EDIT", "LISTBOX", "BUTTON", "STATIC", "RICHEDIT") that does the
-  // window's work under the name of className; "" for none. The desk's Default does what these do.
+  // window's work under the name of className; "" for none. The desk's Default does so for EDIT,
+  // RICHEDIT and BUTTON; rows of a list are its procedure's affair there.
   std::string systemClass;
 };
 

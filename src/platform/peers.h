@@ -84,7 +84,7 @@ struct ControlState {
   bool sorted = false, multiSelect = false;
 
   int value = 0, maximum = 100;              // check state 0/1; bar value
-  bool isDefault = false, isCancel = false;  // Enter and Escape press it
+  bool isDefault = false, isCancel = false;  // Enter and Escape press it, by UserKey
   bool wordWrap = false, alignCenter = false, multiLine = false, popupArrow = false;
 
   Picture picture = Picture::kNone;

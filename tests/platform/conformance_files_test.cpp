@@ -132,6 +132,26 @@ TEST_F(FilesTest, EachFailureHasItsNumberAndChangesNothing) {
   EXPECT_EQ(files.Read(file) + files.Read(At("other.txt")) + files.Read(fixed), "oldotherfixed");
 }
 
+TEST_F(FilesTest, AFileHeldOpenElsewhereIsLeftAlone) {
+  const std::string open = At("open.wav"), other = At("free.wav");
+  files.Write(open, "x");
+  files.Write(other, "y");
+  home->HoldOpen(open);
+  const std::function<void()> kRefused[] = {
+      [&] { files.Read(open); },           [&] { files.Write(open, ""); },
+      [&] { files.Append(open, "z"); },    [&] { files.Delete(open); },
+      [&] { files.Copy(open, other); },    [&] { files.Copy(other, open); },
+      [&] { files.Rename(open, At("z")); }};
+  for (const auto& call : kRefused) EXPECT_EQ(ErrorOf(call), 70) << &call - kRefused;
+  EXPECT_EQ(ErrorOf([&] { files.SetAttributes(open, file_attribute::kHidden); }), 0);
+  EXPECT_EQ(files.ReadProfile(open, "Data", "key"), "");
+  EXPECT_FALSE(files.WriteProfile(open, "Data", "key", "value"));
+  home->HoldOpen("");
+  EXPECT_EQ(Names("*"), (NameList{"free.wav", "open.wav"}));
+  EXPECT_EQ(files.Read(open) + files.Read(other), "xy");
+  EXPECT_TRUE(files.Search(open).at(0).attributes & file_attribute::kHidden);
+}
+
 TEST_F(FilesTest, CopyAndRenameCarryBytesAndAttributes) {
   files.Write(At("a.txt"), "text");
   files.SetAttributes(At("a.txt"), file_attribute::kHidden);
@@ -183,6 +203,14 @@ TEST_F(FilesTest, ProfileFilesKeepWhatTheyDoNotChange) {
   EXPECT_FALSE(files.WriteProfile(At("no such\\x.dat"), "Data", "a", "b"));
   files.SetAttributes(file, file_attribute::kReadOnly);
   EXPECT_FALSE(files.WriteProfile(file, "Data", "moo", "x"));
+}
+
+TEST_F(FilesTest, AProfilesKeyMayHoldAnEqualsSign) {
+  const std::string file = At("desc1.dat");
+  EXPECT_TRUE(files.WriteProfile(file, "Data", "a=b", "c"));
+  EXPECT_TRUE(files.WriteProfile(file, "Data", "A=B", "d"));
+  EXPECT_EQ(files.ReadProfile(file, "Data", "a=b"), "d");
+  EXPECT_EQ(files.Read(file), "[Data]\r\na=b=d\r\n");
 }
 
 TEST_F(FilesTest, AProfileFileDoesNotOutgrowItsLimit) {

@@ -61,6 +61,7 @@ TEST_F(MenusTest, AreModifiedAndDeletedByCommandFromTheBar) {
   EXPECT_EQ(Rows(file), (Log{"changed=102", "E&xit=8207"}));
   EXPECT_EQ(menus.StateAt(file, 0), kGrayed);
   EXPECT_EQ(menus.Count(menus.SubMenu(bar, 1)), 0);
+  menus.DrawBar(frame);
 }
 
 TEST_F(MenusTest, OwnTheirSubMenus) {
@@ -79,6 +80,39 @@ TEST_F(MenusTest, OwnTheirSubMenus) {
     EXPECT_FALSE(menus.Insert(gone, -1, kByPosition, 1, {}, "x"));
     EXPECT_EQ(menus.TextAt(gone, 0), "");
   }
+}
+
+TEST_F(MenusTest, OfOursAreFreedByHandWithTheirSubMenus) {
+  home->Run([&] {
+    const MenuHandle popup = menus.CreatePopup(), deeper = menus.CreatePopup();
+    menus.Insert(popup, -1, kByPosition | kPopup, 0, deeper, "deeper");
+    menus.Destroy(popup);
+    EXPECT_EQ(menus.Count(popup), -1);
+    EXPECT_EQ(menus.Count(deeper), -1);
+    menus.Destroy(popup);
+  });
+}
+
+TEST_F(MenusTest, PopUpAndWaitForTheUser) {
+  Counting procedure(home->platform().ownWindows);
+  home->Run([&] {
+    const Window owner = home->platform().ownWindows.Create(
+        {.className = "Owner", .caption = {}, .place = {0, 0, 99, 99}, .systemClass = {}},
+        procedure);
+    const MenuHandle popup = menus.CreatePopup();
+    for (const std::uint32_t id : {11, 12, 13})
+      menus.Insert(popup, -1, kByPosition, id, {}, "row " + std::to_string(id));
+    home->platform().events.StartTimer(owner, 1, 10);
+    home->user().WillAnswer({.row = 1, .before = [&] { home->RunFor(50); }});
+    EXPECT_EQ(menus.TrackPopup(popup, owner), 12u);
+    EXPECT_GE(procedure.came[wm::kTimer], 1) << "events go on meanwhile";
+    home->user().WillAnswer({.row = -1});
+    EXPECT_EQ(menus.TrackPopup(popup, owner), 0u);
+    EXPECT_EQ(menus.TrackPopup({}, owner), 0u);
+    EXPECT_EQ(menus.TrackPopup(popup, {}), 0u);
+    menus.Destroy(popup);
+    home->platform().ownWindows.Destroy(owner);
+  });
 }
 
 TEST_F(MenusTest, GoWithTheirWindow) {

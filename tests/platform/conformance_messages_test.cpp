@@ -204,18 +204,5 @@ TEST_F(Messages, OfTimersComeUntilStoppedOrDead) {
   });
 }
 
-TEST_F(Messages, MemoryOfTheOtherProcessIsReadWholeOrNotAtAll) {
-  Processes& processes = home->platform().processes;
-  const std::uint32_t name = other.Allocate(std::string("HostName\0", 9));
-  const auto memory = processes.Open(other.Id());
-  ASSERT_TRUE(memory);
-  EXPECT_EQ(memory->Read(name, 9), std::string("HostName\0", 9));
-  EXPECT_FALSE(memory->Read(name, 0x10000000)) << "beyond its last page";
-  EXPECT_FALSE(memory->Read(0, 4));
-  EXPECT_EQ(processes.Open(0xFFFF0), nullptr);
-  EXPECT_NE(processes.ModulePath(other.Id(), "OTHER.EXE"), "");
-  EXPECT_EQ(processes.ModulePath(other.Id(), "nothing.exe"), "");
-}
-
 }  // namespace
 }  // namespace corvel::test

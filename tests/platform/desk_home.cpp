@@ -6,12 +6,59 @@ namespace corvel::test {
 std::unique_ptr<Home> MakeHome() { return std::make_unique<DeskHome>(); }
 
 DeskHome::DeskHome() {
-  for (const char* path : {kProgram, kOther})
-    desk.Install(path, [](desk::Desk&) { return std::make_unique<IdleBody>(); });
-  program = desk.Spawn(kProgram, "");
+  for (const char* path : {kProgram, kOther, kShortLived})
+    desk.Install(path,
+                 [path](desk::Desk&) { return std::make_unique<IdleBody>(path == kShortLived); });
+  program = desk.Spawn(kProgram, CommandLine());
   otherId = desk.Spawn(kOther, "");
   desk.RunDue();
   other_ = std::make_unique<DeskOther>(desk, otherId);
+  user_ = std::make_unique<DeskUser>(desk, *this);
+  desk.services().answers.stopSound = [this] { desk.platform().sound.Stop(); };
+}
+
+bool DeskHome::IsSeenByAnotherInstance() {
+  const ProcessId second = desk.Spawn(kProgram, "");
+  bool seen = false;
+  desk.RunAs(second, [&] { seen = desk.platform().processes.PreviousInstance(); });
+  desk.Kill(second);
+  return seen;
+}
+
+Log DeskHome::Printed() {
+  Log lines;
+  for (const auto& entry : desk.journal().Entries())
+    if (entry.kind == "print-line") lines.push_back(entry.words[0]);
+  return lines;
+}
+
+// On the desk for one answer only: a wait with nobody there is a fault.
+void DeskUser::WillAnswer(Answer answer) {
+  answer_ = std::move(answer);
+  desk_.SetAgent(this);
+}
+
+bool DeskUser::Act() {
+  if (!answer_ || desk_.Prompts().empty()) return false;
+  desk_.SetAgent(nullptr);
+  const Answer answer = *std::exchange(answer_, std::nullopt);
+  if (answer.before) answer.before();
+  desk::Prompt& prompt = *desk_.Prompts().back();
+  prompt.button = answer.button;
+  if (answer.button == 1) {
+    prompt.path = answer.path;
+    prompt.color = answer.color;
+  }
+  if (answer.row >= 0) prompt.row = desk_.platform().menus.IdAt(prompt.menu, answer.row);
+  return prompt.answered = true;
+}
+
+bool DeskOther::StartSound(const std::string& path) {
+  bool started = false;
+  desk_.RunAs(id_, [&] {
+    started = desk_.platform().sound.Play(path, sound_flag::kAsync | sound_flag::kNoStop);
+  });
+  return started;
 }
 
 Window DeskOther::Make(const std::string& name, const NewWindow& window) {

@@ -1,6 +1,7 @@
 // The desk as a home of the conformance suite; desk tests use it too, to look behind the seam.
 #pragma once
 
+#include "platform/desk/desk_peers.h"
 #include "platform/desk/desk_services.h"
 #include "tests/platform/home.h"
 
@@ -12,8 +13,12 @@ namespace corvel::test {
 // A program that does nothing by itself; code runs in it by RunAs.
 class IdleBody : public desk::ProcessBody {
  public:
+  explicit IdleBody(bool finished) : finished_(finished) {}
   void Start(const std::string&) override {}
-  bool Finished() override { return false; }
+  bool Finished() override { return finished_; }
+
+ private:
+  bool finished_;
 };
 
 class DeskOther : public OtherProcess, public WindowProcedure {
@@ -30,6 +35,7 @@ class DeskOther : public OtherProcess, public WindowProcedure {
   void SendText(Window window, MessageId id, const std::string& text) override {
     desk_.RunAs(id_, [&] { desk_.platform().windows.SendText(window, id, 0, text); });
   }
+  bool StartSound(const std::string& path) override;
   ProcessId Id() override { return id_; }
 
   MessageResult OnMessage(Window window, const Message& message) override;
@@ -46,24 +52,50 @@ class DeskOther : public OtherProcess, public WindowProcedure {
   std::vector<std::string> log_;
 };
 
+class DeskUser : public UserAt<desk::DeskPeers>, public desk::Agent {
+ public:
+  DeskUser(desk::Desk& desk, Home& home) : UserAt(desk.peers(), home), desk_(desk) {}
+  void WillAnswer(Answer answer) override;
+  bool Act() override;
+  std::optional<std::int64_t> NextActAt() override { return std::nullopt; }
+
+ private:
+  desk::Desk& desk_;
+  std::optional<Answer> answer_;
+};
+
 class DeskHome : public Home {
  public:
   static constexpr const char* kProgram = "C:\\Corvel\\corvel32.exe";
   static constexpr const char* kOther = "C:\\Other\\other.exe";
+  static constexpr const char* kShortLived = "C:\\Other\\ends.exe";
 
   DeskHome();
   Platform& platform() override { return desk.platform(); }
   DeskOther& other() override { return *other_; }
+  User& user() override { return *user_; }
   std::string Folder() override {
     desk.files().PutFolder("C:\\CONFORM");
     return "C:\\CONFORM";
   }
   void Run(const std::function<void()>& code) override { desk.RunAs(program, code); }
   void RunFor(std::int64_t ms) override { desk.RunFor(ms); }
+  void HoldOpen(const std::string& path) override {
+    desk.files().Lock(held_, false);
+    desk.files().Lock(held_ = path, true);
+  }
+  std::string ShortLivedProgram() override { return kShortLived; }
+  std::string CommandLine() override { return "--as started"; }
+  bool IsSeenByAnotherInstance() override;
+  bool HasTaskbar() override { return true; }
+  void SetPrinter(bool isThere) override { desk.services().SetPrinter(isThere, isThere); }
+  Log Printed() override;
 
   // The windows keep their procedure until the desk has gone, so it comes last to go.
  private:
   std::unique_ptr<DeskOther> other_;
+  std::unique_ptr<DeskUser> user_;
+  std::string held_;
 
  public:
   desk::Desk desk;

@@ -62,4 +62,16 @@ std::string LogLine(const std::string& window, const Message& message) {
   return line + "(" + std::to_string(message.wParam) + ")";
 }
 
+std::string WaveFile(int milliseconds) {
+  const auto number = [](std::size_t value, std::size_t bytes) {
+    std::string text;
+    for (std::size_t i = 0; i < bytes; ++i) text += static_cast<char>(value >> (8 * i) & 0xFF);
+    return text;
+  };
+  const std::string data(static_cast<std::size_t>(milliseconds) * 8, '\x80');
+  return "RIFF" + number(data.size() + 36, 4) + "WAVEfmt " + number(16, 4) + number(1, 2) +
+         number(1, 2) + number(8000, 4) + number(8000, 4) + number(1, 2) + number(8, 2) + "data" +
+         number(data.size(), 4) + data;
+}
+
 }  // namespace corvel::test

@@ -3,6 +3,7 @@
 
 #include "base/text.h"
 #include "platform/desk/desk.h"
+#include "tests/platform/home.h"
 
 #include <gtest/gtest.h>
 #include <string>
@@ -10,6 +11,8 @@
 #include <vector>
 
 namespace corvel {
+
+using test::WaveFile;
 
 class ServicesHome : public ::testing::Test {
  protected:
@@ -26,18 +29,5 @@ class ServicesHome : public ::testing::Test {
  private:
   desk::Desk desk_;
 };
-
-// A PCM wave file of silence: one channel, 8 bits, 8000 samples a second.
-inline std::string WaveFile(int milliseconds) {
-  const auto number = [](std::size_t value, std::size_t bytes) {
-    std::string text;
-    for (std::size_t i = 0; i < bytes; ++i) text += static_cast<char>(value >> (8 * i) & 0xFF);
-    return text;
-  };
-  const std::string data(static_cast<std::size_t>(milliseconds) * 8, '\x80');
-  return "RIFF" + number(data.size() + 36, 4) + "WAVEfmt " + number(16, 4) + number(1, 2) +
-         number(1, 2) + number(8000, 4) + number(8000, 4) + number(1, 2) + number(8, 2) + "data" +
-         number(data.size(), 4) + data;
-}
 
 }  // namespace corvel

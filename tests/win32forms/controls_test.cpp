@@ -200,19 +200,6 @@ TEST_F(ControlsOnWindows, AHundredThousandRowsComeQuickly) {
   EXPECT_GE(Ask(form->marks, LB_GETCOUNT), 32767);
 }
 
-TEST_F(ControlsOnWindows, WhatAUserCannotReachIsRefusedInWords) {
-  form->ok.SetEnabled(false);
-  form->flat.SetVisible(false);
-  EXPECT_EQ(Did(peers().Click(form->ok.Handle())), "ok is disabled");
-  EXPECT_EQ(Did(peers().Click(form->flat.Handle())), "flat is not visible");
-  EXPECT_EQ(Did(peers().Select(form->list.Handle(), 7, false)), "list has no row 7");
-  EXPECT_EQ(Did(peers().Type(form->list.Handle(), "x")), "list is not a text box");
-  EXPECT_EQ(Did(peers().DoubleClick(form->view.Handle())), "view has no current row");
-  form->Hide();
-  EXPECT_EQ(Did(peers().Click(form->cancel.Handle())), "frmAny is not visible");
-  EXPECT_EQ(form->Taken(), Words{});
-}
-
 TEST_F(ControlsOnWindows, AFormMayGoInTheMidstOfAnyOfItsEvents) {
   struct Deed {
     const char* name;

@@ -25,14 +25,10 @@ class AnyForm : public Form {
   using Form::SetEtchedEdge;
   using Form::SetResizable;
   std::function<bool(bool)> onQueryUnload;
-  std::function<void(MessageId, LParam)> onMessage;
   int moves = 0;
 
  protected:
   bool Form_QueryUnload(bool byUser) override { return !onQueryUnload || onQueryUnload(byUser); }
-  void Form_Message(MessageId id, WParam, LParam lParam) override {
-    if (onMessage) onMessage(id, lParam);
-  }
   void Form_Move() override { ++moves; }
 };
 

@@ -156,17 +156,6 @@ TEST_F(KeysOnWindows, MovingAndClosingAreTold) {
   EXPECT_TRUE(form->IsLoaded());
 }
 
-TEST_F(KeysOnWindows, PostedMessagesAndTimersReachTheForm) {
-  std::vector<LParam> came;
-  form->onMessage = [&](MessageId id, LParam value) {
-    if (id == WM_USER + 7) came.push_back(value);
-  };
-  platform().windows.Post(form->Handle(), WM_USER + 7, 0, 3);
-  platform().windows.Post(form->Handle(), WM_USER + 7, 0, 4);
-  Settle();
-  EXPECT_EQ(came, (std::vector<LParam>{3, 4}));
-}
-
 TEST_F(KeysOnWindows, AFormWithoutBorderIsAllClientArea) {
   struct Bare : AnyForm {
     explicit Bare(Forms& forms) : AnyForm(forms) {

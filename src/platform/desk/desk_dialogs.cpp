@@ -26,8 +26,8 @@ class ShownPrompt {
 };
 
 std::optional<std::string> Path(const Prompt& prompt) {
-  if (!prompt.path) return std::nullopt;
-  return prompt.path->substr(0, kLongestAnswer);
+  if (!prompt.path || prompt.path->size() > kLongestAnswer) return std::nullopt;
+  return prompt.path;
 }
 
 }  // namespace

@@ -223,7 +223,6 @@ void DeskFiles::SetAttributes(std::string_view path, std::uint32_t attributes) {
   const DosPath parsed = impl_->Parse(path);
   const auto* item = impl_->ParentOf(parsed).entries.Find(parsed.parts.back());
   if (!item) Fail(err::kFileNotFound);
-  if (item->value->locked) Fail(err::kPermissionDenied);
   item->value->attributes =
       (item->value->attributes & file_attribute::kFolder) | (attributes & kSettable);
 }

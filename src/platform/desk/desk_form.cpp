@@ -65,6 +65,8 @@ DeskForm::DeskForm(Desk& desk, std::vector<DeskForm*>& all, const FormState& sta
   if (!node) return;
   window_ = node->handle;
   node->shownText = &state_.caption;
+  node->frameLeft = FrameSize().width / 2;
+  node->frameTop = FrameSize().height - node->frameLeft;
   Changed(Aspect::kAll);
 }
 
@@ -124,6 +126,13 @@ MessageResult DeskForm::OnMessage(Window window, const Message& message) {
   }
   if (message.id == wm::kClose) {
     events_.UserClose();
+    return 0;
+  }
+  // Another program has placed it, or the user's hand: what the toolkit does sends no message.
+  if (message.id == wm::kMove || message.id == wm::kSize) {
+    const Rect place = desk_.windows().PlaceOf(window);
+    if (message.id == wm::kMove) events_.UserMoved(place.left, place.top);
+    if (message.id == wm::kSize) events_.UserResized(place.width, place.height);
     return 0;
   }
   if (message.id == wm::kDestroy) NoteShown(false);  // it dies with its owner

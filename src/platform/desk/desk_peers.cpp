@@ -22,12 +22,6 @@ bool HasRow(const ControlState& state, int row) {
   return row >= 0 && static_cast<std::size_t>(row) < state.items.size();
 }
 
-DeskControl* Button(const DeskForm& form, bool ControlState::*mark) {
-  for (DeskControl* control : form.Controls())
-    if (control->State().*mark && control->IsUsable()) return control;
-  return nullptr;
-}
-
 void EditKey(DeskControl& control, Key key) {
   std::string text = control.State().text;
   if (key == Key::kBackspace) {
@@ -54,19 +48,14 @@ void ListKey(DeskControl& control, Key key) {
   if (row != selected && HasRow(control.State(), row)) control.Events().UserSelect(row, false);
 }
 
-// What the system does with a key that the control's own events have not used up.
+// What the system does with a key that the control's own events have not used up. Which button
+// Enter and Escape press is the toolkit's affair.
 void SystemKey(DeskControl& control, Key key) {
   const ControlState& state = control.State();
-  const bool takesEnter = state.kind == ControlKind::kTextBox && state.multiLine;
-  DeskControl* pressed = nullptr;
-  if (key == Key::kEnter && !takesEnter)
-    pressed = Button(*control.Form(), &ControlState::isDefault);
-  if (key == Key::kEscape) pressed = Button(*control.Form(), &ControlState::isCancel);
   const bool isButton =
       state.kind == ControlKind::kButton || state.kind == ControlKind::kFlatButton ||
       state.kind == ControlKind::kCheckBox || state.kind == ControlKind::kOptionButton;
-  if (isButton && (key == Key::kSpace || (key == Key::kEnter && !pressed))) pressed = &control;
-  if (pressed) return pressed->Events().UserClick();
+  if (isButton && key == Key::kSpace) return control.Events().UserClick();
   if (state.kind == ControlKind::kTextBox) EditKey(control, key);
   if (HasRows(state.kind)) ListKey(control, key);
 }
@@ -214,7 +203,8 @@ DeskPeers::Done DeskPeers::Select(Window control, int row, bool keepMarked) {
   return impl_->Do(control,
                    noRow ? NameOf(found->State()) + " has no row " + std::to_string(row) : "",
                    [row, keepMarked](DeskControl& c) {
-                     if (HasRow(c.State(), row)) c.Events().UserSelect(row, keepMarked);
+                     if (!HasRow(c.State(), row)) return;
+                     c.Events().UserSelect(row, keepMarked && c.State().multiSelect);
                    });
 }
 
@@ -250,7 +240,6 @@ DeskPeers::Done DeskPeers::MoveForm(Window form, int left, int top) {
     place.left = left;
     place.top = top;
     impl_->desk.windows().Place(f.Handle(), place);
-    f.Events().UserMoved(left, top);
   });
 }
 

@@ -10,6 +10,8 @@
 namespace corvel::desk {
 
 bool DeskShell::Open(Window, std::string_view target) {
+  const bool isPath = target.substr(1, 1) == ":";
+  if (isPath && !desk_.files().Exists(target)) return false;
   desk_.Note("opened", {std::string(target)});
   return true;
 }
@@ -21,7 +23,7 @@ bool DeskShell::Recycle(Window, std::string_view path) {
 }
 
 bool DeskShell::Help(std::string_view helpFile, std::string_view topic) {
-  if (!desk_.files().Exists(helpFile)) return false;
+  if (!desk_.files().Peek(helpFile)) return false;
   desk_.Note("help", {std::string(helpFile), std::string(topic)});
   return true;
 }

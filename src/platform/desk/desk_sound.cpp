@@ -17,7 +17,7 @@ bool DeskSound::Play(std::string_view path, std::uint32_t flags) {
   if ((flags & sound_flag::kNoStop) && own.endsAt > desk_.NowMs()) return false;
   const bool waits = (flags & sound_flag::kAsync) == 0;
   own = {};
-  if (waits && !desk_.files().Peek(path)) return false;
+  if (waits && LengthOf(path) == 0) return false;
   // One that is waited for is over when the call comes back.
   if (!waits) own = {std::string(path), desk_.NowMs() + LengthOf(path)};
   desk_.Note("sound", {std::string(path)});

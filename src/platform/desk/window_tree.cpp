@@ -130,8 +130,8 @@ std::vector<Window> WindowTree::OwnedBy(Window owner) const {
 Rect WindowTree::ScreenPlace(const WindowNode& node) const {
   Rect place = node.place;
   for (const WindowNode* at = node.parent; at; at = at->parent) {
-    place.left += at->place.left;
-    place.top += at->place.top;
+    place.left += at->place.left + at->frameLeft;
+    place.top += at->place.top + at->frameTop;
   }
   return place;
 }

@@ -47,8 +47,9 @@ struct WindowNode {
   bool visible = false, enabled = true, iconic = false, topMost = false, destroying = false;
   bool pressed = false;  // a button between mouse down and up
   int id = 0;
-  Window owner{};  // of a top-level window
-  Rect place{};    // in the parent's pixels
+  Window owner{};                   // of a top-level window
+  Rect place{};                     // in the parent's pixels
+  int frameLeft = 0, frameTop = 0;  // of a form: from its corner to where its own pixels begin
   MenuHandle menuBar{};
   std::string text;
   std::size_t caret = 0;                   // of an edit box

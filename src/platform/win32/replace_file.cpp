@@ -28,6 +28,17 @@ std::string NewNameIn(const std::string& target) {
   return path;
 }
 
+// The system refuses access to a file that is open elsewhere in the same words as to one that is
+// barred to us.
+[[noreturn]] void ThrowRefusal(const std::string& path) {
+  const DWORD error = GetLastError();
+  const OwnedHandle alone(
+      CreateFileA(path.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr));
+  const bool isOpen = !alone && GetLastError() == ERROR_SHARING_VIOLATION;
+  SetLastError(isOpen ? ERROR_SHARING_VIOLATION : error);
+  ThrowLastError(path);
+}
+
 using MoveFileExFunction = BOOL(WINAPI*)(LPCSTR, LPCSTR, DWORD);
 
 // Windows 95 and 98 export the call too, and it fails there.
@@ -62,14 +73,14 @@ bool FileBeside::ReplaceAtOnce() const {
   static const MoveFileExFunction kMoveFileEx = FindMoveFileEx();
   if (!kMoveFileEx) return false;
   if (!kMoveFileEx(path_.c_str(), target_.c_str(), MOVEFILE_REPLACE_EXISTING))
-    ThrowLastError(target_);
+    ThrowRefusal(target_);
   return true;
 }
 
 void FileBeside::ReplaceInSteps() {
   const std::string aside = path_.substr(0, path_.rfind('.')) + ".old";
   const bool isThere = GetFileAttributesA(target_.c_str()) != INVALID_FILE_ATTRIBUTES;
-  if (isThere && !MoveFileA(target_.c_str(), aside.c_str())) ThrowLastError(target_);
+  if (isThere && !MoveFileA(target_.c_str(), aside.c_str())) ThrowRefusal(target_);
   if (!MoveFileA(path_.c_str(), target_.c_str())) {
     const DWORD error = GetLastError();
     if (isThere) MoveFileA(aside.c_str(), target_.c_str());

@@ -9,8 +9,6 @@
 namespace corvel::win32 {
 namespace {
 
-constexpr UINT kNotice = WM_APP + 0x0C1;  // posted to ourselves; wParam: which
-
 struct KeyRow {
   WPARAM virtualKey;
   Key key;

@@ -23,6 +23,8 @@ namespace corvel::win32 {
 
 class Win32Form;
 
+inline constexpr UINT kNotice = WM_APP + 0x0C1;  // posted by a control to itself; wParam: which
+
 // The key of a virtual key code, with the modifiers as they are held now.
 Key KeyOf(WPARAM virtualKey);
 

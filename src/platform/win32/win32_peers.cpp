@@ -91,6 +91,7 @@ struct Win32Peers::Impl : MessageFilter {
   bool Filter(MSG& message) override;
   static LRESULT CALLBACK Procedure(HWND window, UINT id, WPARAM wParam, LPARAM lParam);
   void CreateHiddenOwner();
+  bool IsLastDeedOver() const;
   void DoOldest();
   Win32Form* FormHolding(HWND window) const;
   Win32Form* Form(Window window) const;
@@ -233,8 +234,20 @@ Win32Peers::Done Win32Peers::Impl::Post(Deed deed) {
   return {lastTask, ""};
 }
 
+// What the deed before has put in the queue comes first.
+bool Win32Peers::Impl::IsLastDeedOver() const {
+  MSG message{};
+  for (const UINT left : {kNotice, UINT{WM_CHAR}})
+    if (PeekMessageA(&message, nullptr, left, left, PM_NOREMOVE)) return false;
+  return true;
+}
+
 void Win32Peers::Impl::DoOldest() {
   if (waiting.empty()) return;
+  if (!IsLastDeedOver()) {
+    PostMessageA(set.hiddenOwner, kDeed, 0, 0);
+    return;
+  }
   const Waiting next = std::move(waiting.front());
   waiting.pop_front();
   struct Close {

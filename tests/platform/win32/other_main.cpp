@@ -11,6 +11,9 @@
 #include <map>
 #include <set>
 #include <utility>
+#include <windows.h>
+// After the system's own.
+#include <mmsystem.h>
 
 namespace corvel::test {
 namespace {
@@ -133,6 +136,9 @@ class Other : public WindowProcedure {
       events_.Pump({"settle", WaitFor::kTime, GetTickCount()});
     return {};
   }
+  Words Sound(const Words& w) {
+    return {std::to_string(sndPlaySoundA(w[1].c_str(), SND_ASYNC | SND_NOSTOP))};
+  }
   // A private message with a text, sent within this process.
   Words SendText(const Words& w) {
     SendMessageA(win32::ToHwnd(Handle(w[1])), Number(w[2]), 0,
@@ -150,11 +156,11 @@ class Other : public WindowProcedure {
   Log log_;
 };
 
-const Other::Row Other::kRows[] = {{"make", &Other::Make},         {"destroy", &Other::Destroy},
-                                   {"dialog", &Other::Dialog},     {"menu", &Other::Menu},
-                                   {"answer", &Other::AnswerWith}, {"record", &Other::Record},
-                                   {"log", &Other::TakeLog},       {"allocate", &Other::Allocate},
-                                   {"settle", &Other::Settle},     {"send-text", &Other::SendText}};
+const Other::Row Other::kRows[] = {
+    {"make", &Other::Make},          {"destroy", &Other::Destroy},   {"dialog", &Other::Dialog},
+    {"menu", &Other::Menu},          {"answer", &Other::AnswerWith}, {"record", &Other::Record},
+    {"log", &Other::TakeLog},        {"allocate", &Other::Allocate}, {"settle", &Other::Settle},
+    {"send-text", &Other::SendText}, {"sound", &Other::Sound}};
 
 MessageResult Other::Answer(const Message& message) {
   const Words words = WordsIn(message.lParam);
@@ -168,8 +174,11 @@ MessageResult Other::Answer(const Message& message) {
 }  // namespace
 }  // namespace corvel::test
 
-// Runs until its test ends it.
+// Runs until its test ends it; as ends.exe it ends at once.
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
+  char path[MAX_PATH];
+  if (std::string(path, GetModuleFileNameA(nullptr, path, MAX_PATH)).ends_with("ends.exe"))
+    return 0;
   corvel::win32::Win32EventLoop events;
   const corvel::test::Other other(events);
   try {

@@ -67,16 +67,7 @@ TEST_F(OnWindows, TheSystemsOwnQuitEndsEveryPump) {
   EXPECT_THROW(events.Pump(kWait), ProcessExit);
 }
 
-TEST_F(OnWindows, APrivateMessageTakesItsTextWithinTheProcess) {
-  std::string came;
-  told.act = [&](const Message& message) { came = std::string(message.text) + "."; };
-  EXPECT_EQ(windows.SendText(window, 0x2803, 0, "a text"), 7);
-  EXPECT_EQ(came, "a text.");
-  windows.Send(window, 0x2803, 0, 0x1234);
-  EXPECT_EQ(came, ".") << "a number is taken for no text";
-}
-
-TEST_F(OnWindows, SystemClassesWorkUnderAnotherName) {
+TEST_F(OnWindows, AListBoxWorksUnderAnotherName) {
   const Window list = told.Make("list", "LISTBOX");
   EXPECT_EQ(windows.ClassOf(list), "Told LISTBOX");
   EXPECT_EQ(windows.SendText(list, LB_ADDSTRING, 0, "first"), 0);
@@ -84,11 +75,7 @@ TEST_F(OnWindows, SystemClassesWorkUnderAnotherName) {
   EXPECT_EQ(windows.SendForText(list, LB_GETTEXT, 1, 100), "second");
   EXPECT_EQ(windows.SendForText(list, LB_GETTEXT, 1, 4), "sec");
   EXPECT_EQ(windows.SendForText(list, LB_GETTEXT, 2, 100), "");
-  const Window edit = told.Make("edit", "EDIT");
-  windows.SendText(edit, EM_REPLACESEL, 0, "an ");
-  EXPECT_EQ(windows.SendForText(edit, wm::kGetText, 0, 100), "an edit");
   system.platform().ownWindows.Destroy(list);
-  system.platform().ownWindows.Destroy(edit);
 }
 
 TEST_F(OnWindows, FiltersSeeMessagesFirstAndIdlersComeLast) {

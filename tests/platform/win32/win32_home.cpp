@@ -1,8 +1,13 @@
 // Real windows as a home of the conformance suite; see win32_home.h.
 #include "tests/platform/win32/win32_home.h"
 
+#include "base/text.h"
+#include "platform/win32/callback.h"
 #include "platform/win32/handles.h"
+#include "platform/win32/win32_processes.h"
 
+#include <algorithm>
+#include <cstdlib>
 #include <stdexcept>
 #include <utility>
 
@@ -12,11 +17,11 @@ namespace {
 std::string Word(Window window) { return std::to_string(window.value); }
 std::string Word(bool flag) { return flag ? "1" : "0"; }
 
-std::string OtherPath() {
+constexpr char kPrinted[] = "C:\\CONFORM\\printed.ps";
+
+std::string Beside(const char* name) {
   char path[MAX_PATH];
-  GetModuleFileNameA(nullptr, path, MAX_PATH);
-  std::string folder(path);
-  return folder.substr(0, folder.rfind('\\') + 1) + "other.exe";
+  return FolderOf({path, GetModuleFileNameA(nullptr, path, MAX_PATH)}) + "\\" + name;
 }
 
 void EmptyFolder(const std::string& folder) {
@@ -37,6 +42,21 @@ void EmptyFolder(const std::string& folder) {
   FindClose(search);
 }
 
+void ChooseRow(HWND menu, int row) {
+  for (int i = 0; i <= row; ++i) PostMessageA(menu, WM_KEYDOWN, VK_DOWN, 1);
+  PostMessageA(menu, WM_KEYDOWN, row < 0 ? VK_ESCAPE : VK_RETURN, 1);
+}
+
+void AnswerDialog(HWND dialog, const Answer& answer) {
+  // The boxes of the system's own dialogs; that for a name is another one on later systems.
+  constexpr int kFileNames[] = {0x480, 0x47C}, kRed = 706;
+  for (const int name : kFileNames)
+    if (!answer.path.empty()) SetDlgItemTextA(dialog, name, answer.path.c_str());
+  for (int i = 0; answer.color && i < 3; ++i)
+    SetDlgItemInt(dialog, kRed + i, static_cast<UINT>(*answer.color >> 8 * i & 0xFF), FALSE);
+  PostMessageA(dialog, WM_COMMAND, static_cast<WPARAM>(answer.button), 0);
+}
+
 }  // namespace
 
 std::unique_ptr<Home> MakeHome() { return std::make_unique<Win32Home>(); }
@@ -44,8 +64,8 @@ std::unique_ptr<Home> MakeHome() { return std::make_unique<Win32Home>(); }
 OtherProgram::OtherProgram() {
   STARTUPINFOA start{};
   start.cb = sizeof(start);
-  if (!CreateProcessA(OtherPath().c_str(), nullptr, nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                      &start, &process_))
+  if (!CreateProcessA(Beside("other.exe").c_str(), nullptr, nullptr, nullptr, FALSE, 0, nullptr,
+                      nullptr, &start, &process_))
     throw std::runtime_error("other.exe can't be started");
   channel_ = WaitForChannel();
 }
@@ -130,8 +150,69 @@ void Win32Other::SendText(Window window, MessageId id, const std::string& text) 
   Request({"send-text", Word(window), std::to_string(id), text});
 }
 
+bool Win32Other::StartSound(const std::string& path) { return RequestNumber({"sound", path}) != 0; }
+
+void Win32User::WillAnswer(Answer answer) {
+  constexpr UINT kBetween = 50;
+  Forget();
+  answer_ = std::move(answer);
+  timer_ = SetTimer(nullptr, 0, kBetween, OnTimer);
+}
+
+void Win32User::Forget() {
+  if (timer_) KillTimer(nullptr, std::exchange(timer_, 0));
+}
+
+void CALLBACK Win32User::OnTimer(HWND, UINT, UINT_PTR, DWORD) {
+  const HWND dialog = FindWindowA("#32770", nullptr), menu = FindWindowA("#32768", nullptr);
+  const HWND open = dialog && IsWindowVisible(dialog) ? dialog : menu;
+  if (!open || !IsWindowVisible(open)) return;
+  Forget();
+  win32::Callback::Run([open] {
+    if (answer_.before) answer_.before();
+    return 0;
+  });
+  if (open == menu)
+    ChooseRow(menu, answer_.row);
+  else
+    AnswerDialog(dialog, answer_);
+}
+
+// To the system an open file is one, whoever has opened it.
+void Win32Home::HoldOpen(const std::string& path) {
+  held_.Reset();
+  if (!path.empty())
+    held_ = win32::OwnedHandle(
+        CreateFileA(path.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr));
+}
+
+std::string Win32Home::ShortLivedProgram() {
+  const std::string path = "C:\\ends.exe";
+  CopyFileA(Beside("other.exe").c_str(), path.c_str(), FALSE);
+  return path;
+}
+
+std::string Win32Home::CommandLine() {
+  std::string line;
+  for (int i = 1; i < __argc; ++i) line += std::string(i > 1 ? " " : "") + __argv[i];
+  return line;
+}
+
+bool Win32Home::HasTaskbar() { return FindWindowA("Shell_TrayWnd", nullptr) != nullptr; }
+
+void Win32Home::SetPrinter(bool isThere) {
+  printer_.reset();
+  if (isThere) printer_.emplace(kPrinted);
+}
+
+Log Win32Home::Printed() { return PrintedLines(platform().files.Read(kPrinted)); }
+
+// The mark that an instance sets is known to the whole system.
+bool Win32Home::IsSeenByAnotherInstance() { return win32::Win32Processes().PreviousInstance(); }
+
 std::string Win32Home::Folder() {
   const std::string folder = "C:\\CONFORM";
+  SetCurrentDirectoryA("C:\\");  // a dialog for paths may have gone into it
   CreateDirectoryA(folder.c_str(), nullptr);
   EmptyFolder(folder);
   return folder;

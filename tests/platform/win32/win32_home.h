@@ -2,9 +2,12 @@
 #pragma once
 
 #include "platform/own_windows.h"
+#include "platform/win32/owned.h"
+#include "platform/win32/win32_peers.h"
 #include "platform/win32/win32_platform.h"
 #include "tests/platform/home.h"
 #include "tests/platform/win32/channel.h"
+#include "tests/platform/win32/wine_printer.h"
 
 #include <memory>
 
@@ -40,6 +43,7 @@ class Win32Other : public OtherProcess, public WindowProcedure {
   std::vector<std::string> TakeLog() override { return Request({"log"}); }
   std::uint32_t Allocate(const std::string& bytes) override;
   void SendText(Window window, MessageId id, const std::string& text) override;
+  bool StartSound(const std::string& path) override;
   ProcessId Id() override { return program_.id(); }
   void Settle() { Request({"settle"}); }
 
@@ -55,16 +59,41 @@ class Win32Other : public OtherProcess, public WindowProcedure {
   Words reply_;
 };
 
+// Its answers come from a timer, which the loops of dialogs and menus run too.
+class Win32User : public UserAt<win32::Win32Peers> {
+ public:
+  using UserAt::UserAt;
+  ~Win32User() override { Forget(); }
+  void WillAnswer(Answer answer) override;
+
+ private:
+  static void CALLBACK OnTimer(HWND, UINT, UINT_PTR, DWORD);
+  static void Forget();
+  static inline Answer answer_;
+  static inline UINT_PTR timer_ = 0;
+};
+
 class Win32Home : public Home {
  public:
   Platform& platform() override { return system_.platform(); }
   OtherProcess& other() override { return other_; }
+  User& user() override { return user_; }
   std::string Folder() override;
   void Run(const std::function<void()>& code) override { code(); }
   void RunFor(std::int64_t ms) override;
+  void HoldOpen(const std::string& path) override;
+  std::string ShortLivedProgram() override;
+  std::string CommandLine() override;
+  bool IsSeenByAnotherInstance() override;
+  bool HasTaskbar() override;
+  void SetPrinter(bool isThere) override;
+  Log Printed() override;
 
  private:
   win32::Win32Platform system_;
+  win32::OwnedHandle held_;
+  std::optional<WinePrinter> printer_;
+  Win32User user_{system_.peers(), *this};
   Win32Other other_{system_.platform().ownWindows};
 };
 
