@@ -57,6 +57,6 @@ include(src/runtime/runtime.cmake)
 
 # The scenario runner, on the console: the program in its own process, practice.exe and aol.exe
 # beside it.
-file(GLOB sources CONFIGURE_DEPENDS tools/win32/*.cpp)
+file(GLOB sources CONFIGURE_DEPENDS tools/win32/*.cpp tools/win32/*.rc)
 add_executable(corvel-win ${sources})
 target_link_libraries(corvel-win corvel_scenario corvel_win32 corvel_practice_channel)
