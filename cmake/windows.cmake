@@ -55,8 +55,8 @@ target_link_libraries(corvel_practice_channel PUBLIC corvel_options)
 
 include(src/runtime/runtime.cmake)
 
-# The scenario runner, on the console: the program in its own process, practice.exe and aol.exe
-# beside it.
-file(GLOB sources CONFIGURE_DEPENDS tools/win32/*.cpp tools/win32/*.rc)
+# The scenario runner, on the console: the program in its own process, with its icon, and
+# practice.exe and aol.exe beside it.
+file(GLOB sources CONFIGURE_DEPENDS tools/win32/*.cpp src/app/win32/*.rc)
 add_executable(corvel-win ${sources})
 target_link_libraries(corvel-win corvel_scenario corvel_win32 corvel_practice_channel)
