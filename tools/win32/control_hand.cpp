@@ -185,7 +185,8 @@ std::string ControlHand::Select(Window control, int row, bool keepMarked) {
 void ControlHand::ClickRow(HWND list, ControlKind kind, int row, bool control, int scrolls) {
   hands_.Then([this, list, kind, row, control, scrolls]() -> std::string {
     const RECT at = RowArea(list, kind, row), room = RowsArea(list, kind);
-    const bool above = at.top<room.top, below = at.bottom> room.bottom && at.top > room.top;
+    const bool above = at.top < room.top;
+    const bool below = !above && at.top > room.top && at.bottom > room.bottom;
     if (kind == ControlKind::kTabStrip || (!above && !below)) {
       hands_.Click([list, kind, row] { return RowSpot(list, kind, row); }, Hands::Button::kLeft, 1,
                    control);
