@@ -5,7 +5,9 @@
 #include "practice/mail.h"
 #include "practice/menu_bar.h"
 #include "practice/room.h"
+#include "practice/row_list.h"
 #include "practice/text_box.h"
+#include "practice/user_hand.h"
 
 namespace corvel::practice {
 namespace {
@@ -74,6 +76,32 @@ Reply AskBusy(Client& client, const Words&) { return YesNo(client.Busy()); }
 
 Reply AskHourglass(Client& client, const Words&) { return YesNo(client.session().hourglass); }
 
+// Where a user would point: the window, and the part of the screen.
+Reply Place(Client& client, Window window, std::optional<std::size_t> row = {}) {
+  if (!window) return {"no room is open", {}};
+  Rect place = client.windows().PlaceOf(window);
+  if (row) {
+    place.top += static_cast<int>(*row) * RowList::kRowHeight;
+    place.height = RowList::kRowHeight;
+  }
+  return {"",
+          {std::to_string(window.value), std::to_string(place.left), std::to_string(place.top),
+           std::to_string(place.width), std::to_string(place.height)}};
+}
+
+Reply AskPlaceOf(Client& client, const Words& words) {
+  const std::string what = words.size() > 1 ? words[1] : "";
+  if (!client.windows().IsEnabled(client.frame())) return {"the client is disabled", {}};
+  if (what == "typing") return Place(client, TypingTarget(client));
+  const auto room = client.Standing<RoomWindow>();
+  if (what == "send-icon") return Place(client, room ? room->sendIcon() : Window{});
+  if (what != "person" || words.size() < 3) return {"typing, send-icon, or which person?", {}};
+  const RowList* people = room ? room->people() : nullptr;
+  const auto row = people ? people->RowOf(words[2]) : std::nullopt;
+  if (people && !row) return {words[2] + " is not in the room", {}};
+  return Place(client, room ? room->listWindow() : Window{}, row);
+}
+
 struct Question {
   std::string_view word;
   Reply (*answer)(Client&, const Words&);
@@ -92,6 +120,7 @@ constexpr Question kQuestions[] = {
     {"signed-on-as", AskSignedOnAs},
     {"hourglass", AskHourglass},
     {"busy", AskBusy},
+    {"place-of", AskPlaceOf},
 };
 
 }  // namespace

@@ -71,3 +71,27 @@ in_prefix() {
   WINEPREFIX=$prefix wineserver -k 2>/dev/null || true
   return "$status"
 }
+
+# managed DIR: the prefix has a display with a window manager, which is to know the windows. They draw
+# their frames themselves.
+managed() {
+  local settings; settings=$(realpath "$1")/managed.reg
+  printf 'REGEDIT4\n\n[HKEY_CURRENT_USER\\Software\\Wine\\X11 Driver]\n"Managed"="Y"\n"Decorated"="N"\n' >"$settings"
+  WINEPREFIX=$(realpath "$1") wine regedit /S "Z:${settings//\//\\}" >/dev/null 2>&1
+  WINEPREFIX=$(realpath "$1") wineserver -w
+}
+
+# on_display_in_memory FUNCTION ARGUMENT...: runs it in a shell of its own, with all that is defined here.
+on_display_in_memory() {
+  local name known
+  known=$(declare -f)
+  for name in wine_template wine_98_programs prefix pictures; do
+    known+=$'\n'$(declare -p "$name" 2>/dev/null || true)
+  done
+  xvfb-run -a -s "-screen 0 800x600x24" bash -c "$known
+    set -euo pipefail
+    display -window root xc:'#008080' 2>/dev/null || true
+    openbox >/dev/null 2>&1 & manager=\$!
+    trap 'kill \$manager' EXIT
+    \"\$@\"" display "$@"
+}

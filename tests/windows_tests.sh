@@ -38,11 +38,18 @@ scenarios() {
   in_new_prefix "scenarios-$1" "$2" 600 wine "$build/corvel-win.exe" scenario "${files[@]}"
 }
 
+# by_hand CORE: with a real pointer and keyboard, which need no display to be heard.
+by_hand() {
+  in_new_prefix by-hand "$1" 200 wine "$build/corvel-win.exe" scenario --hands \
+    tests/scenarios/{by_hand,access_menu,close_by_toolbar}.scn
+}
+
 make_template
 cores=$(nproc)
 (
   in_new_prefix conformance 0 200 wine "$build/test_platform.exe" --gtest_brief=1
   in_new_prefix hooks 0 200 wine "$build/hook_test.exe"
+  by_hand 0
   scenarios 1 0
 ) &
 (

@@ -81,7 +81,7 @@ const Answers::FormAnswer Answers::kForms[] = {{"frmMsg", &Answers::AnswerMessag
                                                {"frmCMDialog", &Answers::AnswerFolder}};
 
 bool Answers::Act() {
-  if (!stage_.ProgramWaitsForUser()) return false;
+  if (stage_.HandIsBusy() || !stage_.ProgramWaitsForUser()) return false;
   auto& prompts = stage_.Prompts();
   if (!prompts.empty() && AnswerPrompt(*prompts.back())) return true;
   const auto forms = stage_.Forms();

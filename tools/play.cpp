@@ -14,7 +14,7 @@ Failure Play::Await(const Deed& deed, const std::string& what) {
 }
 
 bool Play::IsSettled() {
-  if (stage.NowMs() < wakeAt_) return false;
+  if (stage.NowMs() < wakeAt_ || stage.HandIsBusy()) return false;
   // A dialog that has its answer is still to be taken down by the program.
   const auto& prompts = stage.Prompts();
   if (std::any_of(prompts.begin(), prompts.end(), [](const auto& p) { return p->answered; }))

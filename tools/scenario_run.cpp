@@ -34,7 +34,9 @@ std::optional<std::int64_t> ScenarioRun::NextActAt() {
 }
 
 void ScenarioRun::ActNow() {
-  if (play_.answers.Act()) {
+  if (const std::string why = stage_.TakeHandFailure(); !why.empty()) {
+    Report("expected to do it by hand, got " + why, line_);
+  } else if (play_.answers.Act()) {
     Report(play_.answers.TakeFailure(), line_);
   } else if (!play_.IsSettled()) {
     idle_ = true;

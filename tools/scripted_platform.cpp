@@ -21,42 +21,44 @@ struct Before {
 
 // --- Waits ---------------------------------------------------------------------------------------
 
+struct InProgress {
+  InProgress(std::vector<Wait>& list, const Wait& one) : waits(list) { waits.push_back(one); }
+  ~InProgress() { waits.pop_back(); }
+  std::vector<Wait>& waits;
+};
+
+void ThrowIfEnded(const Script& script) {
+  if (script.ended) throw ProcessExit{};
+}
+
 struct ScriptedEvents : EventLoop, Before<EventLoop> {
   using Before::Before;
   void Pump(const Wait& wait) override {
-    struct InProgress {
-      InProgress(std::vector<Wait>& list, const Wait& one) : waits(list) { waits.push_back(one); }
-      ~InProgress() { waits.pop_back(); }
-      std::vector<Wait>& waits;
-    };
-    ThrowIfEnded();
+    ThrowIfEnded(script);
     const InProgress inProgress(script.waits, wait);
     home.Pump(wait);
-    ThrowIfEnded();
+    ThrowIfEnded(script);
   }
   void StartTimer(Window window, std::uintptr_t id, std::uint32_t milliseconds) override {
     home.StartTimer(window, id, milliseconds);
   }
   void StopTimer(Window window, std::uintptr_t id) override { home.StopTimer(window, id); }
+};
 
- private:
-  void ThrowIfEnded() const {
-    if (script.ended) throw ProcessExit{};
+struct OpenPrompt {
+  OpenPrompt(Script& known, std::shared_ptr<desk::Prompt> shown)
+      : script(known), prompt(std::move(shown)) {
+    script.prompts.push_back(prompt);
   }
+  ~OpenPrompt() { std::erase(script.prompts, prompt); }
+  Script& script;
+  std::shared_ptr<desk::Prompt> prompt;
 };
 
 // Waits until the scenario has answered, or nobody would see the prompt any more.
 void Ask(Script& script, EventLoop& events, const std::shared_ptr<desk::Prompt>& prompt,
          const char* waitName, const std::function<bool()>& stands = {}) {
-  struct Open {
-    Open(Script& known, std::shared_ptr<desk::Prompt> shown) : script(known), prompt(shown) {
-      script.prompts.push_back(prompt);
-    }
-    ~Open() { std::erase(script.prompts, prompt); }
-    Script& script;
-    std::shared_ptr<desk::Prompt> prompt;
-  };
-  const Open open(script, prompt);
+  const OpenPrompt open(script, prompt);
   while (!prompt->answered && (!stands || stands())) events.Pump({waitName, WaitFor::kUser});
 }
 
@@ -73,9 +75,17 @@ struct ScriptedMenus : Menus, Before<Menus> {
     const auto prompt = std::make_shared<desk::Prompt>();
     prompt->kind = desk::Prompt::Kind::kPopup;
     prompt->menu = menu;
+    if (script.realMenus) return TrackReal(prompt, owner);
     Ask(script, events, prompt, "the pop-up menu",
         [&] { return home.Count(menu) >= 0 && windows.Exists(owner); });
     return prompt->answered ? prompt->row : 0;
+  }
+  std::uint32_t TrackReal(const std::shared_ptr<desk::Prompt>& prompt, Window owner) {
+    const OpenPrompt open(script, prompt);
+    const InProgress inProgress(script.waits, {"the pop-up menu", WaitFor::kUser});
+    const std::uint32_t row = home.TrackPopup(prompt->menu, owner);
+    ThrowIfEnded(script);
+    return row;
   }
 
   MenuHandle MenuOf(Window window) override { return home.MenuOf(window); }

@@ -29,6 +29,7 @@ struct Script {
   bool taskbar = true, previousInstance = false;
   std::deque<double> draws;  // before the home's own
   bool ended = false;        // every wait of the program throws ProcessExit
+  bool realMenus = false;    // pop-up menus come up and are used by hand
 
   // --- Seen by the scenario --------------------------------------------------------------------
   std::function<void(std::string_view kind, std::vector<std::string> words)> note;

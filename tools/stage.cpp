@@ -59,6 +59,14 @@ void Stage::PutClient() {
 // The frame, the Welcome window and what opens on them, each after the delay.
 std::int64_t Stage::StandMs() const { return 3 * static_cast<std::int64_t>(setup.delayMs) + 100; }
 
+void Stage::ChooseRow(desk::Prompt& popup, const std::vector<int>& rows) {
+  MenuHandle menu = popup.menu;
+  for (std::size_t depth = 0; depth + 1 < rows.size(); ++depth)
+    menu = menus().SubMenu(menu, rows[depth]);
+  popup.row = menus().IdAt(menu, rows.back());
+  popup.answered = true;
+}
+
 void Stage::Note(std::string_view kind, std::vector<std::string> words) {
   journal().Add(NowMs(), kind, std::move(words));
 }

@@ -128,6 +128,12 @@ class Stage {
   virtual bool TrayMouse(LParam mouseMessage) = 0;                    // false: there is no icon
   virtual std::vector<std::shared_ptr<desk::Prompt>>& Prompts() = 0;  // innermost last
   virtual Menus& menus() = 0;                                         // to look at a pop-up's rows
+  // In the pop-up menu of this prompt: the row at the end of `rows`, from the outermost menu in.
+  virtual void ChooseRow(desk::Prompt& popup, const std::vector<int>& rows);
+  virtual void PutAway(desk::Prompt& popup) { popup.answered = true; }
+  // Where the hand takes its time: it still moves; and, told once, why it could not do its work.
+  virtual bool HandIsBusy() { return false; }
+  virtual std::string TakeHandFailure() { return {}; }
 
   // --- What came of it -------------------------------------------------------------------------
   virtual desk::Journal& journal() = 0;

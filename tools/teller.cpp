@@ -76,9 +76,12 @@ void Teller::RestFor(std::int64_t milliseconds) const {
   if (rest_) rest_(milliseconds);
 }
 
+bool Teller::Tells(const Words& words) {
+  return FindCommand(words[0])->when == When::kRun && words[0] != "expect" && words[0] != "wait";
+}
+
 void Teller::Command(const Words& words) {
-  const tools::Command* const command = FindCommand(words[0]);
-  if (command->when != When::kRun || words[0] == "expect" || words[0] == "wait") return;
+  if (!Tells(words)) return;
   std::string text = words[0];
   for (const std::string& word : words.From(1)) {
     const bool plain = !word.empty() && word.find_first_of(" \"\\\t\r\n") == std::string::npos;

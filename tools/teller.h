@@ -19,6 +19,9 @@ class Teller {
 
   // What is told of the play. The teller must outlive it.
   ScenarioOptions Options();
+  // It is told: what is done by the user, by the people in the room. Not what is looked at or set
+  // beforehand.
+  static bool Tells(const Words& words);
 
  private:
   struct Telling {
@@ -27,7 +30,6 @@ class Teller {
   };
 
   void Narrate(const std::string& text);
-  // What is done: by the user, by the people in the room. Not what is looked at or set beforehand.
   void Command(const Words& words);
   // Of the effects those that a person sees; settings and files are for the trace.
   void Effect(const desk::JournalEntry& entry);

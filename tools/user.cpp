@@ -126,6 +126,7 @@ std::string User::Choose(const std::vector<std::string>& path) const {
   if (!popup) return "no pop-up menu is open";
   Menus& menus = stage_.menus();
   MenuHandle menu = popup->menu;
+  std::vector<int> rows;
   for (std::size_t depth = 0; depth < path.size(); ++depth) {
     const int row = FindMenuRow(menu, path[depth]);
     if (row < 0) return "the menu has no row \"" + path[depth] + "\"";
@@ -135,10 +136,10 @@ std::string User::Choose(const std::vector<std::string>& path) const {
     const bool last = depth + 1 == path.size();
     if (last == static_cast<bool>(sub))
       return "the row \"" + path[depth] + (last ? "\" has a sub-menu" : "\" has no sub-menu");
-    if (last) popup->row = menus.IdAt(menu, row);
+    rows.push_back(row);
     menu = sub;
   }
-  popup->answered = true;
+  stage_.ChooseRow(*popup, rows);
   return {};
 }
 
@@ -155,7 +156,7 @@ std::vector<std::string> User::PopupRows() const {
 }
 
 void User::DismissPopup() const {
-  if (desk::Prompt* const popup = OpenPopup()) popup->answered = true;
+  if (desk::Prompt* const popup = OpenPopup()) stage_.PutAway(*popup);
 }
 
 }  // namespace corvel::tools

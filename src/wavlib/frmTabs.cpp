@@ -113,8 +113,9 @@ void frmTabs::ArrangeControls() {
             Column({Cell(cmdSend, kButton), Cell(cmdHushlet, kButton), Cell(cmdFadeWav, kButton),
                     Cell(cmdEMail, kButton), Cell(cmdFav, kButton), Cell(cmdDel, kButton),
                     Cell(cmdPrint, kButton), Cell(cmdHelp, kButton)})}),
-       Row({Cell(cmdNewCat, 15), Cell(cmdEditCat, 15), Cell(cmdDelCat, 16)}),
-       Row({Stretch(Cell(chkGarland, 20)), Cell(cmdChooseGL, 15)})}));
+       Row({Stretch(Cell(cmdNewCat, 15)), Stretch(Cell(cmdEditCat, 15)),
+            Stretch(Cell(cmdDelCat, 16))}),
+       Row({Stretch(Cell(chkGarland, 20)), Cell(cmdChooseGL, kButton)})}));
 }
 
 void frmTabs::Form_Load() {

@@ -43,12 +43,15 @@ std::string Joined(const std::vector<std::string>& names) {
 
 }  // namespace
 
-Win32Stage::Win32Stage(std::string folder) : folder_(std::move(folder)), begin_(GetTickCount()) {
+Win32Stage::Win32Stage(std::string folder, Options options)
+    : folder_(std::move(folder)), options_(std::move(options)), begin_(GetTickCount()) {
   script_.note = [this](std::string_view kind, std::vector<std::string> words) {
     Note(kind, std::move(words));
   };
   SetMachine();
   PutFile("C:\\Corvel\\corvel32.exe", "MZ");  // runs in this very process
+  script_.realMenus = options_.byHand;
+  if (options_.byHand) byHand_ = std::make_unique<ByHand>(*this);
 }
 
 Win32Stage::~Win32Stage() { EndAll(); }
@@ -63,6 +66,7 @@ std::string Win32Stage::InnermostWait() {
 
 // The program's own main loop, and whoever acts beside it.
 void Win32Stage::Run(Actor& actor) {
+  actor_ = &actor;
   home_.events().SetIdle([this, &actor] { return OnIdle(actor); });
   while (!actor.IsOver()) {
     try {
@@ -72,6 +76,7 @@ void Win32Stage::Run(Actor& actor) {
       programs_.clear();
     }
   }
+  actor_ = nullptr;
   home_.events().SetIdle({});
   programs_.clear();
 }
@@ -80,6 +85,7 @@ bool Win32Stage::OnIdle(Actor& actor) {
   if (actor.IsOver()) return false;
   TakeWitness();
   NoteForms();
+  if (options_.rests && options_.rests()) return false;
   return RunTask() || actor.Act();
 }
 
@@ -159,6 +165,7 @@ void Win32Stage::CrashClient() {
 // Each call has a channel of its own: while one waits, a hook's handler may make the next.
 Deed Win32Stage::DoInClient(const std::vector<std::string>& words,
                             std::shared_ptr<practice::Reply> reply) {
+  if (byHand_ && ClientHand::Knows(words)) return Begun(byHand_->client.Do(words));
   const auto ticket = practice::PracticeChannel().Begin(words);
   win32::Callback::Rethrow();
   if (!ticket) return {.refusal = "the client is not running"};
@@ -249,17 +256,32 @@ Deed Win32Stage::Done(const win32::Win32Peers::Done& done) {
   return {.over = [this, task = done.task] { return home_.peers().IsOver(task); }};
 }
 
-Deed Win32Stage::Click(Window control) { return Done(home_.peers().Click(control)); }
-Deed Win32Stage::DoubleClick(Window control) { return Done(home_.peers().DoubleClick(control)); }
-Deed Win32Stage::RightClick(Window control) { return Done(home_.peers().RightClick(control)); }
+Deed Win32Stage::Click(Window control) {
+  return byHand_ ? Begun(byHand_->controls.Click(control)) : Done(home_.peers().Click(control));
+}
+Deed Win32Stage::DoubleClick(Window control) {
+  return byHand_ ? Begun(byHand_->controls.DoubleClick(control))
+                 : Done(home_.peers().DoubleClick(control));
+}
+Deed Win32Stage::RightClick(Window control) {
+  return byHand_ ? Begun(byHand_->controls.RightClick(control))
+                 : Done(home_.peers().RightClick(control));
+}
 Deed Win32Stage::Select(Window control, int row, bool keepMarked) {
-  return Done(home_.peers().Select(control, row, keepMarked));
+  return byHand_ ? Begun(byHand_->controls.Select(control, row, keepMarked))
+                 : Done(home_.peers().Select(control, row, keepMarked));
 }
 Deed Win32Stage::Type(Window control, const std::string& wholeText) {
-  return Done(home_.peers().Type(control, wholeText));
+  return byHand_ ? Begun(byHand_->controls.Type(control, wholeText))
+                 : Done(home_.peers().Type(control, wholeText));
 }
-Deed Win32Stage::Press(Window control, Key key) { return Done(home_.peers().Press(control, key)); }
-Deed Win32Stage::Close(Window form) { return Done(home_.peers().Close(form)); }
+Deed Win32Stage::Press(Window control, Key key) {
+  return byHand_ ? Begun(byHand_->controls.Press(control, key))
+                 : Done(home_.peers().Press(control, key));
+}
+Deed Win32Stage::Close(Window form) {
+  return byHand_ ? Begun(byHand_->controls.Close(form)) : Done(home_.peers().Close(form));
+}
 
 bool Win32Stage::TrayMouse(LParam mouseMessage) {
   return script_.trayIcon &&

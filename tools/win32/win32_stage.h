@@ -11,6 +11,8 @@
 #include "practice/win32/channel_client.h"
 #include "tools/scripted_platform.h"
 #include "tools/stage.h"
+#include "tools/win32/client_hand.h"
+#include "tools/win32/control_hand.h"
 #include "tools/win32/run_drive.h"
 
 #include <deque>
@@ -18,10 +20,17 @@
 
 namespace corvel::tools {
 
+struct Win32StageOptions {
+  bool byHand = false;            // the user's hand moves the mouse and strikes the keys
+  std::function<void()> onTouch;  // see Hands
+  std::function<bool()> rests;    // true: whoever acts is to rest for now
+};
+
 class Win32Stage : public Stage {
  public:
+  using Options = Win32StageOptions;
   // practice.exe and aol.exe, its starter, are copied from `folder`. Throws what RunDrive throws.
-  explicit Win32Stage(std::string folder);
+  explicit Win32Stage(std::string folder, Options options = {});
   ~Win32Stage() override;
 
   std::string_view Home() const override { return "windows"; }
@@ -70,6 +79,10 @@ class Win32Stage : public Stage {
   bool TrayMouse(LParam mouseMessage) override;
   std::vector<std::shared_ptr<desk::Prompt>>& Prompts() override { return script_.prompts; }
   Menus& menus() override { return home_.platform().menus; }
+  void ChooseRow(desk::Prompt& popup, const std::vector<int>& rows) override;
+  void PutAway(desk::Prompt& popup) override;
+  bool HandIsBusy() override { return byHand_ && byHand_->hands.IsBusy(); }
+  std::string TakeHandFailure() override;
 
   desk::Journal& journal() override { return journal_; }
   int HookCount() override;
@@ -85,6 +98,15 @@ class Win32Stage : public Stage {
     int IsOnline() override;
     std::vector<std::string> GetScreenNames(std::string_view clientFolder) override;
   };
+  // The user's hands, and what moves them.
+  struct ByHand {
+    explicit ByHand(Win32Stage& stage);
+    ~ByHand();
+    Hands hands;
+    ControlHand controls;
+    ClientHand client;
+    UINT_PTR timer;
+  };
   struct Task {
     int id;
     std::function<void()> run;
@@ -95,12 +117,16 @@ class Win32Stage : public Stage {
   void StartProgram(const std::string& commandLine);
   Deed Post(std::function<void()> run);
   Deed Done(const win32::Win32Peers::Done& done);
+  Deed Begun(const std::string& refusal);
+  static void CALLBACK Tick(HWND, UINT, UINT_PTR, DWORD);
+  void OnTick();
   bool OnIdle(Actor& actor);
   bool RunTask();
   void TakeWitness();
   void NoteForms();
 
   const std::string folder_;
+  const Options options_;
   const std::uint32_t begin_;
   win32::Win32Platform home_;
   RunDrive drive_{home_.platform()};
@@ -114,6 +140,8 @@ class Win32Stage : public Stage {
   std::set<int> openTasks_;
   int lastTask_ = 0;
   bool takingWitness_ = false;
+  Actor* actor_ = nullptr;
+  std::unique_ptr<ByHand> byHand_;
   std::set<std::string> shown_;  // the forms that were visible when last looked at
 };
 

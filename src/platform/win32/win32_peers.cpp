@@ -43,12 +43,6 @@ constexpr KeyCode kKeyCodes[] = {
     {Key::kControlEnter, VK_RETURN}, {Key::kOther, VK_F12},
 };
 
-int VirtualKeyOf(Key key) {
-  return std::find_if(std::begin(kKeyCodes), std::end(kKeyCodes),
-                      [key](const KeyCode& code) { return code.key == key; })
-      ->virtualKey;
-}
-
 // The Control key is held down, for this thread.
 class ControlHeld {
  public:
@@ -68,6 +62,12 @@ class ControlHeld {
 };
 
 }  // namespace
+
+int VirtualKeyOf(Key key) {
+  return std::find_if(std::begin(kKeyCodes), std::end(kKeyCodes),
+                      [key](const KeyCode& code) { return code.key == key; })
+      ->virtualKey;
+}
 
 struct Win32Peers::Impl : MessageFilter {
   using Deed = std::function<void()>;
@@ -353,6 +353,11 @@ Win32Peers::Done Win32Peers::MoveForm(Window form, int left, int top) {
   return impl_->DoToForm(form, "", [left, top](Win32Form& f) {
     SetWindowPos(f.Hwnd(), nullptr, left, top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
   });
+}
+
+std::string Win32Peers::RefusalOf(Window window) const {
+  const Win32Form* form = impl_->Form(window);
+  return form ? impl_->Refusal(form) : impl_->Refusal(impl_->Control(window));
 }
 
 bool Win32Peers::IsOver(std::uint64_t task) const { return impl_->open.count(task) == 0; }

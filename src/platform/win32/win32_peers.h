@@ -16,6 +16,8 @@ namespace corvel::win32 {
 
 class Win32EventLoop;
 
+int VirtualKeyOf(Key key);
+
 class Win32Peers : public Peers {
  public:
   explicit Win32Peers(Win32EventLoop& events);
@@ -59,6 +61,8 @@ class Win32Peers : public Peers {
   Done Close(Window form);
   Done MoveForm(Window form, int left, int top);
   bool IsOver(std::uint64_t task) const;  // it has been done, with all that came of it
+  // Why a user could not reach this control or form just now; "" if he could.
+  std::string RefusalOf(Window window) const;
 
  private:
   struct Impl;
