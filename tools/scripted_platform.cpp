@@ -127,7 +127,7 @@ struct ScriptedDialogs : CommonDialogs {
     prompt->text = text;
     prompt->style = style;
     Ask(script, events, prompt, waitName);
-    if (prompt->path && prompt->path->size() > kLongestPath) prompt->path->resize(kLongestPath);
+    if (prompt->path && prompt->path->size() > kLongestPath) prompt->path.reset();
     return prompt;
   }
   std::optional<std::string> OpenFile(Window, std::string_view description,
