@@ -113,6 +113,20 @@ TEST(Start, A16BitClientIsRefusedAndKeepsItsInput) {
   EXPECT_TRUE(life.ClientIsEnabled());
 }
 
+TEST(Start, AClientThatIsJustComingUpIsWaitedFor) {
+  Life life;
+  life.PutClient();
+  desk::DeskWindows& windows = life.stage.desk().windows();
+  const Window mdi = life.stage.Client()->Mdi(), frame = windows.Parent(mdi);
+  windows.SetParent(mdi, {});  // it has a frame, and nothing stands in it yet
+  life.stage.desk().After(0, 2000, [&] { windows.SetParent(mdi, frame); });
+  life.Start();
+  life.stage.desk().RunFor(6000);
+  ASSERT_EQ(life.stage.Client()->Do({"room", "The Lobby", "Ann"}).error, "");
+  life.stage.desk().RunFor(1000);
+  EXPECT_EQ(life.stage.HookCount(), 5);
+}
+
 TEST(Start, AFolderThatCannotBeMadeStopsNothing) {
   Life life;
   life.PutClient();
