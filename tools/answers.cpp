@@ -88,6 +88,7 @@ bool Answers::Act() {
   for (auto form = forms.rbegin(); form != forms.rend(); ++form) {
     if (!form->state->visible) continue;
     if (form->window == filled_) return PressFilled(*form);
+    if (left_.contains(form->window)) return false;
     if (form->window == pressed_ && stage_.NowMs() == pressedAt_) return false;
     for (const FormAnswer& kind : kForms)
       if (EqualNoCase(form->state->name, kind.form)) return (this->*kind.answer)(*form);
@@ -140,6 +141,11 @@ void Answers::Fill(const FormView& form, const char* boxName,
 bool Answers::AnswerMessage(const FormView& form) {
   const auto controls = stage_.ControlsOf(form.window);
   const auto queued = TakeButton();
+  if (queued == "nobody") {
+    Journal("message", TextOf(controls), *queued, true);
+    left_.insert(form.window);
+    return true;
+  }
   const ControlView* const usual = FindButton(controls, std::nullopt);
   const std::string caption = queued  ? *queued
                               : usual ? PlainCaption(usual->state->text)

@@ -63,6 +63,7 @@ class Answers {
   Stage& stage_;
   User& user_;
   std::set<Window> told_;  // message boxes that are in the journal already
+  std::set<Window> left_;  // message boxes that nobody answers
   std::string failure_;
   Window filled_{};  // has got its text by `typed_`; its button is still to be pressed
   Deed typed_;

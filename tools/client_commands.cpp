@@ -2,6 +2,7 @@
 // knows what they do; here stands how they read.
 #include "tools/scenario_commands.h"
 
+#include <cmath>
 #include <memory>
 
 namespace corvel::tools {
@@ -14,11 +15,52 @@ Failure PlayInClient(Play& play, const Words& words) {
   return play.Await(play.stage.DoInClient(words.All(), reply), what);
 }
 
-Failure PlayCrash(Play& play, const Words&) {
-  if (!play.stage.ClientRuns()) return "expected to crash the client, got it is not running";
-  play.stage.CrashClient();
-  return {};
+// --- Its deaths ----------------------------------------------------------------------------------
+
+constexpr double kLongestHang = 60;
+
+std::int64_t Milliseconds(const std::string& seconds) {
+  return std::llround(ParseSeconds(seconds, kLongestHang) * 1000);
 }
+
+bool IsHangTime(const Words& words, std::size_t at) {
+  return at >= words.size() || ParseSeconds(words[at], kLongestHang) >= 0;
+}
+
+std::string CheckHang(const Words& words) {
+  const bool isSwitch = words.IsBare(1, "on") || words.IsBare(1, "off");
+  if (isSwitch && words.size() == 2) return {};
+  return !isSwitch && IsHangTime(words, 1) && IsHangTime(words, 2)
+             ? ""
+             : "it is on, off, or a number of seconds (0 to 60) and after how many";
+}
+
+Failure PlayHang(Play& play, const Words& words) {
+  if (words[1] == "off") {
+    play.stage.ReleaseClient();
+    return {};
+  }
+  Stage::Hang hang;
+  if (words[1] != "on") hang.forMs = Milliseconds(words[1]);
+  if (words.size() > 2) hang.afterMs = Milliseconds(words[2]);
+  return play.Await(play.stage.HangClient(hang), "let the client hang");
+}
+
+std::string CheckCrash(const Words& words) {
+  return IsHangTime(words, 1) ? "" : "a number of seconds is wanted (0 to 60)";
+}
+
+Failure PlayCrash(Play& play, const Words& words) {
+  if (!play.stage.ClientRuns()) return "expected to crash the client, got it is not running";
+  if (words.size() == 1) {
+    play.stage.CrashClient();
+    return {};
+  }
+  return play.Await(play.stage.HangClient({.forMs = Milliseconds(words[1]), .thenCrashes = true}),
+                    "crash the client");
+}
+
+// --- Its user's keys and the people --------------------------------------------------------------
 
 constexpr const char* kClientKeys[] = {"enter",  "ctrl+enter", "tab", "backspace",
                                        "escape", "delete",     "up",  "down"};
@@ -47,7 +89,8 @@ std::string CheckMember(const Words& words) {
 
 constexpr Command kClientCommands[] = {
     {"client-close", "", 0, 0, When::kRun, PlayInClient},
-    {"client-crash", "", 0, 0, When::kRun, PlayCrash},
+    {"client-crash", "[SECONDS]", 0, 1, When::kRun, PlayCrash, CheckCrash},
+    {"client-hung", "on|off|SECONDS [AFTER]", 1, 2, When::kRun, PlayHang, CheckHang},
     {"sign-on", "NAME", 1, 1, When::kRun, PlayInClient},
     {"sign-off", "", 0, 0, When::kRun, PlayInClient},
     {"room", "\"NAME\" PERSON...", 1, kAnyNumber, When::kRun, PlayInClient},

@@ -263,6 +263,10 @@ std::string E::Popup(const Words& words) {
 // --- What the client says ------------------------------------------------------------------------
 
 std::string E::Ask(const std::vector<std::string>& question, std::string& why) {
+  if (stage_.ClientHangs()) {
+    why = "the client hangs";
+    return {};
+  }
   const practice::Reply reply = stage_.AskClient(question);
   why = reply.error;
   return reply.answers.empty() ? "" : reply.answers.front();
@@ -297,6 +301,7 @@ std::string E::Im(const Words& words) {
     return Flag(words, got.find(words[4]) != std::string::npos, Quoted(got));
   }
   const bool open = Ask({"im", words[2], "open"}, why) == "1";
+  if (!why.empty()) return Failed(words, why);
   return Flag(words, open == (words[3] == "open"), open ? "it is open" : "it is not open");
 }
 

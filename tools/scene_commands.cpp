@@ -209,15 +209,9 @@ std::string CheckFailFile(const Words& words) {
   return numbers ? "" : "it reads: fail-file CALL ERROR [\"PART OF PATH\"]";
 }
 
-// A fault that was asked for; not every home can have each.
-Failure Fault(bool had, const Words& words) {
-  return had ? "" : "expected to do " + words[0] + ", got a home that can't";
-}
-
 Failure PlayFailFile(Play& play, const Words& words) {
-  return Fault(
-      play.stage.FailFile(IntVal(words[1]), IntVal(words[2]), words.size() == 4 ? words[3] : ""),
-      words);
+  play.stage.FailFile(IntVal(words[1]), IntVal(words[2]), words.size() == 4 ? words[3] : "");
+  return {};
 }
 
 std::string CheckFreeSpace(const Words& words) {
@@ -225,8 +219,8 @@ std::string CheckFreeSpace(const Words& words) {
 }
 
 Failure PlayFreeSpace(Play& play, const Words& words) {
-  return Fault(play.stage.SetFreeSpace(static_cast<std::int64_t>(ParseSeconds(words[1], 1e15))),
-               words);
+  play.stage.SetFreeSpace(static_cast<std::int64_t>(ParseSeconds(words[1], 1e15)));
+  return {};
 }
 
 std::string CheckOnOff(const Words& words, std::size_t at) {
@@ -239,7 +233,8 @@ std::string CheckLock(const Words& words) {
 }
 
 Failure PlayLock(Play& play, const Words& words) {
-  return Fault(play.stage.LockFile(words[1], words[2] == "on"), words);
+  play.stage.LockFile(words[1], words[2] == "on");
+  return {};
 }
 
 std::string CheckSwitch(const Words& words) { return CheckOnOff(words, 1); }
@@ -247,10 +242,6 @@ std::string CheckSwitch(const Words& words) { return CheckOnOff(words, 1); }
 Failure PlayTaskbar(Play& play, const Words& words) {
   play.stage.SetTaskbar(words[1] == "on");
   return {};
-}
-
-Failure PlayHung(Play& play, const Words& words) {
-  return Fault(play.stage.SetClientHung(words[1] == "on"), words);
 }
 
 // --- The run -------------------------------------------------------------------------------------
@@ -289,7 +280,6 @@ constexpr Command kSceneCommands[] = {
      CheckFailFile},
     {"free-space", "BYTES", 1, 1, When::kAnyTime, PlayFreeSpace, CheckFreeSpace},
     {"lock", "PATH on|off", 2, 2, When::kAnyTime, PlayLock, CheckLock},
-    {"client-hung", "on|off", 1, 1, When::kRun, PlayHung, CheckSwitch},
     {"start", "[\"COMMAND LINE\"]", 0, 1, When::kRun, PlayStart},
     {"wait", "SECONDS", 1, 1, When::kRun, PlayWait, CheckWait},
 };

@@ -3,6 +3,7 @@
 
 #include "base/error.h"
 #include "base/text.h"
+#include "tools/scripted_files.h"
 
 #include <algorithm>
 #include <utility>
@@ -165,15 +166,18 @@ struct ScriptedSound : Sound, Before<Sound> {
 
 // Nothing is opened, and the tray is the scenario's: no stranger's window comes in between.
 struct ScriptedShell : Shell, Before<Shell> {
-  ScriptedShell(Platform& home, Script& script) : Before(home.shell, script), files(home.files) {}
-  Files& files;
+  ScriptedShell(Platform& home, Script& script, ScriptedFiles& drive)
+      : Before(home.shell, script), files(drive) {}
+  ScriptedFiles& files;
 
   bool Open(Window, std::string_view target) override {
     script.note("opened", {std::string(target)});
     return true;
   }
   bool Recycle(Window owner, std::string_view path) override {
+    const std::size_t size = files.SizeOf(path);
     const bool gone = home.Recycle(owner, path);
+    if (gone) script.faults.Changed(size, 0);
     if (gone) script.note("recycled", {std::string(path)});
     return gone;
   }
@@ -310,8 +314,9 @@ struct ScriptedPlatform::Parts {
       : events(home.events, script),
         menus(home, script, events),
         dialogs(script, events),
+        files(home.files, script.faults),
         sound(home.sound, script),
-        shell(home, script),
+        shell(home, script, files),
         printer(script),
         hooks(home, script),
         display(home.display, script),
@@ -320,12 +325,13 @@ struct ScriptedPlatform::Parts {
         clock(home.clock, script),
         random(home.random, script),
         platform{home.windows, menus,      events,  home.ownWindows, hooks,
-                 home.proxy,   home.peers, display, home.registry,   home.files,
+                 home.proxy,   home.peers, display, home.registry,   files,
                  processes,    system,     library, home.clipboard,  sound,
                  shell,        printer,    dialogs, clock,           random} {}
   ScriptedEvents events;
   ScriptedMenus menus;
   ScriptedDialogs dialogs;
+  ScriptedFiles files;
   ScriptedSound sound;
   ScriptedShell shell;
   ScriptedPrinter printer;

@@ -1,9 +1,10 @@
 // A platform for a scenario on a home of real windows: all is the home's own but for what a
-// scenario sets (clock, machine, chance), what it answers (the system's dialogs, pop-up menus) and
-// what it has to see (sounds, help, the shell, the printer, hooks, waits).
+// scenario sets (clock, machine, chance, faults of drives), what it answers (the system's dialogs,
+// pop-up menus) and what it has to see (sounds, help, the shell, the printer, hooks, waits).
 #pragma once
 
 #include "base/civil_time.h"
+#include "platform/desk/file_faults.h"
 #include "platform/desk/prompt.h"
 #include "platform/platform.h"
 
@@ -28,8 +29,9 @@ struct Script {
   Size screen{800, 600};
   bool taskbar = true, previousInstance = false;
   std::deque<double> draws;  // before the home's own
-  bool ended = false;        // every wait of the program throws ProcessExit
   bool realMenus = false;    // pop-up menus come up and are used by hand
+  desk::FileFaults faults;
+  bool ended = false;  // every wait of the program throws ProcessExit
 
   // --- Seen by the scenario --------------------------------------------------------------------
   std::function<void(std::string_view kind, std::vector<std::string> words)> note;

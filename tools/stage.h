@@ -85,11 +85,10 @@ class Stage {
   // A valid wave file of silence.
   void PutWave(std::string_view path, double seconds);
 
-  // Faults. False: this home can't have it.
-  virtual bool FailFile(int call, int errorNumber, const std::string& part) = 0;
-  virtual bool SetFreeSpace(std::int64_t bytes) = 0;
-  virtual bool LockFile(std::string_view path, bool locked) = 0;
-  virtual bool SetClientHung(bool hung) = 0;
+  // Faults.
+  virtual void FailFile(int call, int errorNumber, const std::string& part) = 0;
+  virtual void SetFreeSpace(std::int64_t bytes) = 0;
+  virtual void LockFile(std::string_view path, bool locked) = 0;
 
   // --- The client ------------------------------------------------------------------------------
   practice::Setup setup;  // what it will be; changed until it is put on the stage
@@ -100,6 +99,16 @@ class Stage {
   std::int64_t StandMs() const;
   virtual void ChangeClient() = 0;  // `setup` counts from its next start on
   virtual bool ClientRuns() = 0;
+  // It takes no messages, from so many milliseconds on and for so long, or until it is released; in
+  // the end it goes on, or its process vanishes.
+  struct Hang {
+    std::int64_t afterMs = 0;
+    std::optional<std::int64_t> forMs{};
+    bool thenCrashes = false;
+  };
+  virtual Deed HangClient(const Hang& hang) = 0;
+  virtual void ReleaseClient() = 0;
+  virtual bool ClientHangs() = 0;
   virtual void CrashClient() = 0;
   // A command; `reply` is filled in when the deed is over. And a question, answered at once.
   virtual Deed DoInClient(const std::vector<std::string>& words,

@@ -16,6 +16,10 @@
 //   version               -> the version as launch32.dll tells it
 //   online                -> "0" or "1"
 //   names                 -> six buffers
+//   hang MS AFTER END     -> nothing                AFTER milliseconds later it takes no messages
+//                                                   for so long, at most a minute, or until the
+//                                                   event kHangEvent is set; then, if END is
+//                                                   "crash", its process vanishes
 //
 // A command is not run inside the message, since whoever waits for an answer to a message can't
 // answer others: what a command sets off may need the asker.
@@ -31,6 +35,8 @@
 namespace corvel::practice {
 
 inline constexpr char kChannelClass[] = "CorvelPractice";
+// An event that is there while the client hangs.
+inline constexpr char kHangEvent[] = "CorvelPractice.Hang";
 inline constexpr ULONG_PTR kRequest = 0x50524331;  // "PRC1"
 // What a section holds at most: a view with all its lines many times over.
 inline constexpr std::size_t kSectionBytes = std::size_t{1} << 20;

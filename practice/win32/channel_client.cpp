@@ -89,6 +89,24 @@ Reply PracticeChannel::Do(const Words& words) {
   }
 }
 
+bool PracticeChannel::Hang(std::uint32_t milliseconds, std::uint32_t after,
+                           const std::string& end) {
+  return Request({"hang", std::to_string(milliseconds), std::to_string(after), end}).has_value();
+}
+
+bool PracticeChannel::Hangs() {
+  const HANDLE end = OpenEventA(EVENT_MODIFY_STATE, FALSE, kHangEvent);
+  if (end) CloseHandle(end);
+  return end != nullptr;
+}
+
+void PracticeChannel::Release() {
+  const HANDLE end = OpenEventA(EVENT_MODIFY_STATE, FALSE, kHangEvent);
+  if (!end) return;
+  SetEvent(end);
+  CloseHandle(end);
+}
+
 std::vector<PracticeChannel::Seen> PracticeChannel::TakeWitness() {
   std::vector<Seen> seen;
   const auto entries = Request({"witness"});

@@ -33,6 +33,10 @@ class PracticeChannel {
   // client runs; and the reply, once the command has been run.
   std::optional<std::string> Begin(const Words& words);
   std::optional<Reply> ReplyTo(const std::string& ticket);
+  // Takes no messages, `after` milliseconds from now and for so long; `end` says how it ends.
+  bool Hang(std::uint32_t milliseconds, std::uint32_t after, const std::string& end);
+  bool Hangs();
+  void Release();  // if it hangs
   // What has left the client since the last call, oldest first.
   std::vector<Seen> TakeWitness();
   void GoTo(const std::string& target);

@@ -2,12 +2,15 @@
 
 #include "base/text.h"
 
+#include <algorithm>
 #include <iterator>
 
 namespace corvel::practice {
 namespace {
 
 constexpr MessageId kRunNext = wm::kUser + 1;
+constexpr std::uintptr_t kHangTimer = 1;
+constexpr int kLongestHang = 60'000;
 // What nobody comes for is forgotten in the end.
 constexpr std::size_t kMostEntries = 10000, kMostReplies = 100;
 
@@ -29,6 +32,7 @@ const ChannelServer::VerbRow ChannelServer::kVerbs[] = {
     {"reply", &ChannelServer::TellReply},   {"witness", &ChannelServer::TellWitness},
     {"target", &ChannelServer::TakeTarget}, {"version", &ChannelServer::TellVersion},
     {"online", &ChannelServer::TellOnline}, {"names", &ChannelServer::TellNames},
+    {"hang", &ChannelServer::HangLater},
 };
 
 ChannelServer::ChannelServer(Platform& platform, PracticeClient& client)
@@ -55,6 +59,10 @@ MessageResult ChannelServer::OnMessage(Window window, const Message& message) {
     return OnRequest(*reinterpret_cast<const COPYDATASTRUCT*>(message.lParam)) ? 1 : 0;
   if (message.id == kRunNext) {
     RunNext();
+    return 0;
+  }
+  if (message.id == wm::kTimer && message.wParam == kHangTimer) {
+    HangNow();
     return 0;
   }
   return platform_.ownWindows.Default(window, message);
@@ -111,6 +119,24 @@ Words ChannelServer::TakeTarget(const Words& words) {
 Words ChannelServer::TellVersion(const Words&) { return {client_.LibraryVersion()}; }
 Words ChannelServer::TellOnline(const Words&) { return {client_.LibraryIsOnline() ? "1" : "0"}; }
 Words ChannelServer::TellNames(const Words&) { return client_.LibraryScreenNames(); }
+
+// --- Hanging -------------------------------------------------------------------------------------
+
+Words ChannelServer::HangLater(const Words& words) {
+  if (words.size() != 3) return {};
+  hang_ = words;
+  platform_.events.StartTimer(window_, kHangTimer, static_cast<std::uint32_t>(IntVal(words[1])));
+  return {};
+}
+
+void ChannelServer::HangNow() {
+  platform_.events.StopTimer(window_, kHangTimer);
+  const int milliseconds = std::clamp(IntVal(hang_[0]), 0, kLongestHang);
+  const HANDLE end = CreateEventA(nullptr, TRUE, FALSE, kHangEvent);
+  WaitForSingleObject(end, static_cast<DWORD>(milliseconds));
+  if (hang_[2] == "crash") TerminateProcess(GetCurrentProcess(), 1);
+  CloseHandle(end);
+}
 
 // --- Tasks ---------------------------------------------------------------------------------------
 

@@ -45,6 +45,8 @@ class ChannelServer : public WindowProcedure {
   Words TellVersion(const Words& words);
   Words TellOnline(const Words& words);
   Words TellNames(const Words& words);
+  Words HangLater(const Words& words);
+  void HangNow();
   void Queue(Task task);
   void RunNext();
 
@@ -54,6 +56,7 @@ class ChannelServer : public WindowProcedure {
   std::deque<Task> tasks_;
   std::map<int, Reply> replies_;  // not asked for yet, by ticket
   std::deque<std::string> witness_;
+  Words hang_;  // as it was asked for
   int lastTicket_ = 0;
 };
 

@@ -1,5 +1,6 @@
 // Which client this is: version, country, its texts; and whether the user is signed on.
 #include "aolbridge/aolclient.h"
+#include "aolbridge/polling.h"
 #include "base/text.h"
 #include "core/dialogs.h"
 #include "core/helpers.h"
@@ -65,6 +66,14 @@ std::string VersionDigit(std::string_view version) {
   return {};
 }
 
+// The menus tell the country. A client that is just coming up has none, and one that hangs doesn't
+// tell.
+void WaitForMenus(Program& program) {
+  constexpr double kLongest = 30;
+  Poll(program, "GetAOLVersion", kLongest,
+       [&] { return program.platform.menus.MenuOf(program.g.hAOL); });
+}
+
 [[noreturn]] void RefuseVersion6(Program& program) {
   MsgBoxEx(program,
            "~B~CRAOL 6.0 Detected!~B~CN~N ~NThis version of Corvel 32 is not yet compatible with "
@@ -94,6 +103,7 @@ void AolClient::GetAOLVersion() {
   g.AOLLocale = 0;
   if (version == "6.0") RefuseVersion6(program_);
   if (g.IsVersion4Or5()) {
+    WaitForMenus(program_);
     if (RunMenuByString(g.hAOL, "&About AOL", false))
       g.AOLLocale = IsAOLAU() ? 3 : 1;
     else if (RunMenuByString(g.hAOL, "&About AOL Canada", false))

@@ -42,21 +42,23 @@ int AnswerOf(std::string_view caption) {
 struct Style {
   int set, defaultButton;
   Picture icon;
+  const char* iconName;
 };
 
 struct Icon {
   int value;
   Picture picture;
+  const char* name;
 };
 
-constexpr Icon kIcons[] = {{style::kInformation, Picture::kInformation},
-                           {style::kExclamation, Picture::kExclamation},
-                           {style::kQuestion, Picture::kQuestion},
-                           {style::kStop, Picture::kStop}};
+constexpr Icon kIcons[] = {{style::kInformation, Picture::kInformation, "Information"},
+                           {style::kExclamation, Picture::kExclamation, "Warning"},
+                           {style::kQuestion, Picture::kQuestion, "Question"},
+                           {style::kStop, Picture::kStop, "Error"}};
 
 // The style number is taken apart by subtraction from the top; what remains is the button set.
 Style SplitStyle(int number) {
-  Style result{0, 0, Picture::kNone};
+  Style result{0, 0, Picture::kNone, ""};
   if (number >= style::kThirdDefault) {
     result.defaultButton = 2;
     number -= style::kThirdDefault;
@@ -67,6 +69,7 @@ Style SplitStyle(int number) {
   for (const Icon& icon : kIcons) {
     if (number < icon.value) continue;
     result.icon = icon.picture;
+    result.iconName = icon.name;
     number -= icon.value;
     break;
   }
@@ -89,6 +92,7 @@ frmMsg::frmMsg(Program& p, std::string_view text, int number, const bool* noShow
   const Style style = SplitStyle(number);
   set_ = style.set;
   Picture1.SetPicture(style.icon);
+  Picture1.SetAccessibleName(style.iconName);
   Picture1.SetVisible(style.icon != Picture::kNone);
   chkNoShow.SetVisible(noShow != nullptr);
   chkNoShow.SetValue(noShow && *noShow ? 1 : 0);

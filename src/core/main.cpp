@@ -69,6 +69,20 @@ constexpr Country kCountries[] = {{".0 US Determined", " US"},
                                   {".0 Canada Determined", " CA"},
                                   {".0 Australia Determined", " AU"}};
 
+// A client that is just coming up has its frame first, and then what stands in it.
+void FindMdi(Program& program) {
+  constexpr std::uint32_t kLongestMs = 30'000;
+  Globals& g = program.g;
+  Platform& platform = program.platform;
+  const std::uint32_t begun = platform.clock.TickCount();
+  for (;;) {
+    g.hMDI = platform.windows.FindChild(g.hAOL, {}, "MDIClient", std::nullopt);
+    if (g.hMDI || !platform.windows.Exists(g.hAOL)) return;
+    if (platform.clock.TickCount() - begun > kLongestMs) return;
+    platform.events.Pump({"FindMdi", WaitFor::kClient, begun + kLongestMs});
+  }
+}
+
 void FindOrStartClient(Program& program, Splash& splash) {
   for (const int percent : {5, 10, 15}) splash.Progress(percent);
   splash.Report("Starting America Online");
@@ -82,8 +96,7 @@ void FindOrStartClient(Program& program, Splash& splash) {
   splash.Progress(25);
   program.g.hAOL = FindClientFrame(program);
   if (!program.g.hAOL) EndProgram();  // it has gone again
-  program.g.hMDI =
-      program.platform.windows.FindChild(program.g.hAOL, {}, "MDIClient", std::nullopt);
+  FindMdi(program);
 }
 
 void DetermineVersion(Program& program, Splash& splash) {

@@ -19,6 +19,13 @@ SubClass::~SubClass() {
 
 Window SubClass::HWnd() const { return At(0); }
 
+bool SubClass::IsHooked() const {
+  Hooks& hooks = form_.platform().hooks;
+  return !hooked_.empty() && std::all_of(hooked_.begin(), hooked_.end(), [&](const Hooked& one) {
+    return hooks.IsAttached(one.hook);
+  });
+}
+
 Window SubClass::At(int index) const {
   return index >= 0 && index < Count() ? hooked_[static_cast<std::size_t>(index)].window : Window{};
 }

@@ -33,6 +33,8 @@ class SubClass : public HookHandler {
   // The one hooked window, or the first of the list; 0 for none. A window that has died is still
   // told until it is changed, as the control always did.
   Window HWnd() const;
+  // All its windows are hooked: none has died, and none could not be reached.
+  bool IsHooked() const;
   void SetHWnd(Window window);  // 0 unhooks all
   void Add(Window window);
   void Remove(Window window);

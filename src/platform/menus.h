@@ -1,5 +1,7 @@
 // Menus of any process's windows, and pop-up menus of our own.
 //
+// A pop-up that we have put into another process's menu bar goes with our process at the latest.
+//
 // A menu handle that has died answers 0, -1, "" or false and takes no orders. On Windows every call
 // on another process's menu is done by the library inside that process.
 #pragma once

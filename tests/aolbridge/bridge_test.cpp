@@ -54,6 +54,17 @@ TEST_P(EveryEdition, IsKnownByVersionCountryAndTexts) {
   EXPECT_EQ(g.strings.AOLWriteTitle, GetParam().writeTitle);
 }
 
+TEST_P(EveryEdition, IsKnownThoughItHangsAsItIsAsked) {
+  Bridge bridge(SetupOf(GetParam()));
+  const auto setHung = [&](bool hung) {
+    bridge.desk.windows().SetHung(bridge.clientProcess, hung);
+  };
+  setHung(true);
+  bridge.desk.After(0, 8000, [&] { setHung(false); });
+  bridge.Identify();
+  EXPECT_EQ(bridge.program().g.AOLLocale, GetParam().aolLocale);
+}
+
 TEST_P(EveryEdition, TellsSignedOnFromSignedOff) {
   Bridge bridge(SetupOf(GetParam()));
   bridge.Identify();

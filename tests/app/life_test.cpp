@@ -113,6 +113,20 @@ TEST(Start, A16BitClientIsRefusedAndKeepsItsInput) {
   EXPECT_TRUE(life.ClientIsEnabled());
 }
 
+TEST(Start, AClientThatIsJustComingUpIsWaitedFor) {
+  Life life;
+  life.PutClient();
+  desk::DeskWindows& windows = life.stage.desk().windows();
+  const Window mdi = life.stage.Client()->Mdi(), frame = windows.Parent(mdi);
+  windows.SetParent(mdi, {});  // it has a frame, and nothing stands in it yet
+  life.stage.desk().After(0, 2000, [&] { windows.SetParent(mdi, frame); });
+  life.Start();
+  life.stage.desk().RunFor(6000);
+  ASSERT_EQ(life.stage.Client()->Do({"room", "The Lobby", "Ann"}).error, "");
+  life.stage.desk().RunFor(1000);
+  EXPECT_EQ(life.stage.HookCount(), 5);
+}
+
 TEST(Start, AFolderThatCannotBeMadeStopsNothing) {
   Life life;
   life.PutClient();
@@ -127,18 +141,22 @@ TEST(Start, AFolderThatCannotBeMadeStopsNothing) {
 TEST(Life, AClientThatVanishesAtAnyMomentTakesTheProgramWithIt) {
   for (const char* version : {"3.0", "4.0", "5.0", "4.5"}) {
     for (const bool signedOn : {true, false}) {
-      for (std::int64_t at = 0; at < 2500; at += 61) {
+      for (std::int64_t at = 0; at < 2500; at += 99) {
         SCOPED_TRACE(std::string(version) + (signedOn ? " on " : " off ") + std::to_string(at));
         Life life(version);
         if (!signedOn) life.stage.setup.signedOnAs.clear();
         life.PutClient();
         life.Start();
-        life.stage.desk().RunFor(at);
-        life.stage.desk().Kill(life.stage.ClientProcess());
-        life.stage.desk().RunFor(60'000);
+        // Not behind a RunFor, which comes back when the whole start has.
+        life.stage.desk().After(0, at, [&] { life.stage.CrashClient(); });
         // One that came too late to see the client asks for its folder, and waits for that.
-        const bool asks = life.stage.desk().peers().FindForm("frmCMDialog").has_value();
-        ASSERT_EQ(life.Runs(), asks);
+        bool asks = false;
+        life.stage.desk().After(0, 30'000, [&] {
+          asks = life.stage.desk().peers().FindForm("frmCMDialog").has_value();
+          if (asks) life.stage.desk().Kill(life.program);
+        });
+        life.stage.desk().RunFor(31'000);
+        ASSERT_FALSE(life.Runs());
         if (!asks) {
           ASSERT_EQ(life.stage.desk().LeftOpen(0), std::vector<std::string>{});
         }
@@ -153,14 +171,66 @@ TEST(Life, AClientThatIsClosedAtAnyMomentClosesBehindTheProgram) {
     Life life;
     life.PutClient();
     life.Start();
-    life.stage.desk().RunFor(at);
-    life.stage.desk().windows().Post(life.stage.desk().windows().Find("AOL Frame25", std::nullopt),
-                                     wm::kClose, 0, 0);
-    life.stage.desk().RunFor(60'000);
+    life.stage.desk().After(0, at, [&] {
+      WindowSystem& windows = life.stage.desk().windows();
+      windows.Post(windows.Find("AOL Frame25", std::nullopt), wm::kClose, 0, 0);
+    });
+    life.stage.desk().RunFor(33'000);
     ASSERT_FALSE(life.Runs());
     ASSERT_EQ(life.stage.ClientProcess(), 0u);
     ASSERT_EQ(life.stage.desk().LeftOpen(0), std::vector<std::string>{});
   }
+}
+
+// Longer than anybody waits for it, so that whatever is asked of it just then fails.
+TEST(Life, AClientThatHangsAtAnyMomentIsTakenUpAgain) {
+  for (const char* version : {"3.0", "4.0", "5.0"}) {
+    for (std::int64_t at = 10; at < 2500; at += 153) {
+      SCOPED_TRACE(std::string(version) + " " + std::to_string(at));
+      Life life(version);
+      life.stage.setup.locale = practice::Locale::kUk;
+      life.PutClient();
+      life.Start();
+      ASSERT_EQ(life.stage.Client()->Do({"room", "The Lobby", "Ann"}).error, "");
+      life.stage.HangClient({.afterMs = at, .forMs = 8000});
+      life.stage.desk().RunFor(17'000);
+      ASSERT_TRUE(life.Runs() && life.stage.desk().peers().FindForm("frmCV7"));
+      ASSERT_EQ(life.stage.HookCount(), 5);
+      ASSERT_TRUE(life.ClientIsEnabled());
+      ASSERT_EQ(life.user.messages, std::vector<std::string>{});
+    }
+  }
+}
+
+// Answers what tells that it is a room, and hangs before it can be hooked.
+struct HangsBehindItsAnswer : HookHandler {
+  explicit HangsBehindItsAnswer(tools::DeskStage& known) : stage(known) {}
+  void OnHookedMessage(HookedMessage&) override {
+    if (hangs++ == 0) stage.HangClient({.forMs = 5150});
+  }
+  tools::DeskStage& stage;
+  int hangs = 0;
+};
+
+TEST(Life, ARoomWhoseHooksWereGivenUpIsHookedLater) {
+  Life life;
+  life.PutClient();
+  life.Start();
+  life.stage.desk().RunFor(3000);
+  ASSERT_EQ(life.stage.Client()->Do({"room", "The Lobby", "Ann"}).error, "");
+  life.stage.desk().RunFor(60);  // it stands, and nobody has looked for it yet
+  HangsBehindItsAnswer handler(life.stage);
+  desk::DeskWindows& windows = life.stage.desk().windows();
+  HookId hook = 0;
+  windows.EnumDescendants(life.stage.Client()->Mdi(), [&](Window window) {
+    if (windows.ClassOf(window) != "RICHCNTL") return true;
+    hook = life.stage.desk().platform().hooks.Attach(window, {{wm::kGetText}}, handler);
+    return hook == 0;
+  });
+  life.stage.desk().RunFor(20'000);
+  EXPECT_GT(handler.hangs, 1);
+  life.stage.desk().platform().hooks.Detach(hook);
+  EXPECT_EQ(life.stage.HookCount(), 5);
 }
 
 TEST(Life, AClientThatVanishesTakesAnOpenMessageAlong) {

@@ -32,6 +32,10 @@ class ScriptedStage : public DeskStage {
   void NextDraws(const std::vector<double>& draws) override {
     script_.draws.assign(draws.begin(), draws.end());
   }
+  void FailFile(int call, int errorNumber, const std::string& part) override {
+    script_.faults.FailCall(call, errorNumber, part);
+  }
+  void SetFreeSpace(std::int64_t bytes) override { script_.faults.SetFreeSpace(bytes); }
   Deed Start(const std::string& commandLine) override {
     script_.commandLine = commandLine;
     script_.previousInstance = ProgramRuns();
@@ -66,7 +70,12 @@ TEST(ScriptedPlatform, PlaysTheSameScenarios) {
                                                         {"start_other_command_line.scn", nullptr},
                                                         {"start_second_instance.scn", "hook"},
                                                         {"access_tray.scn", "unhook"},
-                                                        {"wav_printing.scn", "print-line"}};
+                                                        {"wav_printing.scn", "print-line"},
+                                                        {"desc_failures.scn", nullptr},
+                                                        {"wav_favwavs_write_fails.scn", nullptr},
+                                                        {"wav_path_save_fails.scn", nullptr},
+                                                        {"wav_printing_write_fails.scn", nullptr},
+                                                        {"wav_send_to_disk_full.scn", nullptr}};
   for (const auto& [file, effect] : kFiles) {
     ScriptedStage stage;
     const auto verdict =

@@ -53,25 +53,11 @@ std::optional<std::string> DeskStage::Peek(std::string_view path) {
   return desk_.files().Peek(path);
 }
 
-bool DeskStage::FailFile(int call, int errorNumber, const std::string& part) {
+void DeskStage::FailFile(int call, int errorNumber, const std::string& part) {
   desk_.files().FailCall(call, errorNumber, part);
-  return true;
 }
-
-bool DeskStage::SetFreeSpace(std::int64_t bytes) {
-  desk_.files().SetFreeSpace(bytes);
-  return true;
-}
-
-bool DeskStage::LockFile(std::string_view path, bool locked) {
-  desk_.files().Lock(path, locked);
-  return true;
-}
-
-bool DeskStage::SetClientHung(bool hung) {
-  desk_.windows().SetHung(ClientProcess(), hung);
-  return true;
-}
+void DeskStage::SetFreeSpace(std::int64_t bytes) { desk_.files().SetFreeSpace(bytes); }
+void DeskStage::LockFile(std::string_view path, bool locked) { desk_.files().Lock(path, locked); }
 
 // --- The client ----------------------------------------------------------------------------------
 
@@ -101,6 +87,30 @@ practice::Reply DeskStage::AskClient(const std::vector<std::string>& words) {
   practice::Reply reply{"the client is not running", {}};
   if (client) desk_.RunAs(ClientProcess(), [&] { reply = client->Ask(words); });
   return reply;
+}
+
+Deed DeskStage::HangClient(const Hang& hang) {
+  const ProcessId client = ClientProcess();
+  if (client == 0) return {.refusal = "the client is not running"};
+  if (hang.afterMs == 0)
+    BeginHang(client, hang);
+  else
+    desk_.After(0, hang.afterMs, [this, client, hang] { BeginHang(client, hang); });
+  return {};
+}
+
+void DeskStage::ReleaseClient() { desk_.windows().SetHung(ClientProcess(), false); }
+bool DeskStage::ClientHangs() { return desk_.windows().IsHung(ClientProcess()); }
+
+void DeskStage::BeginHang(ProcessId client, const Hang& hang) {
+  desk_.windows().SetHung(client, true);
+  if (!hang.forMs) return;
+  desk_.After(0, *hang.forMs, [this, client, crashes = hang.thenCrashes] {
+    if (crashes)
+      desk_.Kill(client);
+    else
+      desk_.windows().SetHung(client, false);
+  });
 }
 
 // --- The program ---------------------------------------------------------------------------------

@@ -39,13 +39,15 @@ class DeskStage : public Stage, private desk::Agent {
   void PutFile(std::string_view path, std::string_view bytes) override;
   void RemoveFile(std::string_view path) override;
   std::optional<std::string> Peek(std::string_view path) override;
-  bool FailFile(int call, int errorNumber, const std::string& part) override;
-  bool SetFreeSpace(std::int64_t bytes) override;
-  bool LockFile(std::string_view path, bool locked) override;
-  bool SetClientHung(bool hung) override;
+  void FailFile(int call, int errorNumber, const std::string& part) override;
+  void SetFreeSpace(std::int64_t bytes) override;
+  void LockFile(std::string_view path, bool locked) override;
 
   void ChangeClient() override;
   bool ClientRuns() override { return ClientProcess() != 0; }
+  Deed HangClient(const Hang& hang) override;
+  void ReleaseClient() override;
+  bool ClientHangs() override;
   void CrashClient() override { desk_.Kill(ClientProcess()); }
   Deed DoInClient(const std::vector<std::string>& words,
                   std::shared_ptr<practice::Reply> reply) override;
@@ -80,6 +82,7 @@ class DeskStage : public Stage, private desk::Agent {
  private:
   void InstallClient(bool start) override;
   bool IsUp(ProcessId program) const;
+  void BeginHang(ProcessId client, const Hang& hang);
   Deed Done(const desk::DeskPeers::Done& done);
   bool Act() override { return actor_->Act(); }
   std::optional<std::int64_t> NextActAt() override { return actor_->NextActAt(); }

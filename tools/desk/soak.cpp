@@ -136,19 +136,6 @@ void Soak::Do(const Words& words) {
   ++deeds_;
   play_.DropSteps();
   FindCommand(words[0])->play(play_, words);  // a refusal is an answer too
-  if (words[0] == "client-hung" && words[1] == "on") ReleaseLater();
-}
-
-// Asking a client that hangs takes the program so long that the user may not get a word in: the
-// end of it is set beforehand.
-void Soak::ReleaseLater() {
-  desk::Desk& desk = stage_.desk();
-  const ProcessId client = stage_.ClientProcess();
-  const auto release = [&desk, client] { desk.windows().SetHung(client, false); };
-  if (const ProcessId program = stage_.Program())
-    desk.After(program, dice_.Between(500, 60'000), release);
-  else
-    release();
 }
 
 // The user closes the client and answers what is still asked; the program has to go with it.

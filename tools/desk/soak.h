@@ -43,7 +43,6 @@ class Soak : public desk::Agent {
   bool BringUp();
   void AnswerDialogs();
   void Do(const Words& words);
-  void ReleaseLater();
   void Ending();
   void NoteState();
   void Fail(const std::string& why);

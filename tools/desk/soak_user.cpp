@@ -275,11 +275,13 @@ SoakUser::Thought SoakUser::UseClient() {
 }
 
 SoakUser::Thought SoakUser::HangClient() {
-  return {"client-hung", dice_.Chance(30) ? "on" : "off"};
+  return {"client-hung", dice_.Chance(30) ? std::to_string(dice_.Between(1, 60)) : "off"};
 }
 
 SoakUser::Thought SoakUser::EndClient() {
-  return {dice_.Chance(30) ? "client-crash" : "client-close"};
+  if (dice_.Chance(70)) return {"client-close"};
+  if (dice_.Chance(70)) return {"client-crash"};
+  return {"client-crash", std::to_string(dice_.Between(1, 20))};
 }
 
 // --- The drive -----------------------------------------------------------------------------------

@@ -15,6 +15,8 @@ namespace corvel::tools {
 namespace {
 
 constexpr std::uint32_t kClientComesMs = 20'000, kProcessEndsMs = 5000;
+constexpr std::int64_t kLongestHangMs = 60'000;
+constexpr char kNotRunning[] = "the client is not running";
 constexpr const char* kClientProgram = "C:\\AOL\\waol.exe";
 
 void CopyProgram(const std::string& from, const char* to) {
@@ -71,7 +73,7 @@ void Win32Stage::Run(Actor& actor) {
   while (!actor.IsOver()) {
     try {
       scripted_.platform().events.Pump({"WinMain", WaitFor::kUser});
-      std::erase_if(programs_, [](const auto& program) { return program->Finished(); });
+      EndFinished();
     } catch (const ProcessExit&) {  // of the program that has come up: another one refuses to
       programs_.clear();
     }
@@ -79,6 +81,12 @@ void Win32Stage::Run(Actor& actor) {
   actor_ = nullptr;
   home_.events().SetIdle({});
   programs_.clear();
+}
+
+// What goes with a process goes with its program here, where the process stays.
+void Win32Stage::EndFinished() {
+  const auto ended = std::erase_if(programs_, [](const auto& one) { return one->Finished(); });
+  if (ended > 0 && programs_.empty()) home_.LetGoOfClients();
 }
 
 bool Win32Stage::OnIdle(Actor& actor) {
@@ -125,11 +133,6 @@ void Win32Stage::NextDraws(const std::vector<double>& draws) {
   script_.draws.insert(script_.draws.end(), draws.begin(), draws.end());
 }
 
-bool Win32Stage::LockFile(std::string_view path, bool locked) {
-  drive_.Lock(std::string(path), locked);
-  return true;
-}
-
 // --- The client ----------------------------------------------------------------------------------
 
 void Win32Stage::InstallClient(bool start) {
@@ -162,15 +165,28 @@ void Win32Stage::CrashClient() {
   EndProcess(process);
 }
 
-// Each call has a channel of its own: while one waits, a hook's handler may make the next.
+// Over when it hangs, if that begins at once.
+Deed Win32Stage::HangClient(const Hang& hang) {
+  const auto length = static_cast<std::uint32_t>(hang.forMs.value_or(kLongestHangMs));
+  const bool asked = practice::PracticeChannel().Hang(
+      length, static_cast<std::uint32_t>(hang.afterMs), hang.thenCrashes ? "crash" : "goes on");
+  win32::Callback::Rethrow();
+  if (!asked) return {.refusal = kNotRunning};
+  if (hang.afterMs > 0) return {};
+  return {.over = [this, until = NowMs() + length] { return ClientHangs() || NowMs() >= until; }};
+}
+
+// Each call has a channel of its own: while one waits, a hook's handler may make the next. What a
+// client that hangs is to do waits until it goes on, like a user's click.
 Deed Win32Stage::DoInClient(const std::vector<std::string>& words,
                             std::shared_ptr<practice::Reply> reply) {
   if (byHand_ && ClientHand::Knows(words)) return Begun(byHand_->client.Do(words));
-  const auto ticket = practice::PracticeChannel().Begin(words);
-  win32::Callback::Rethrow();
-  if (!ticket) return {.refusal = "the client is not running"};
-  return {.over = [ticket = *ticket, reply] {
-    auto answer = practice::PracticeChannel().ReplyTo(ticket);
+  if (!ClientRuns()) return {.refusal = kNotRunning};
+  return {.over = [this, words, reply, ticket = std::optional<std::string>()]() mutable {
+    if (ClientHangs()) return false;
+    practice::PracticeChannel channel;
+    if (!ticket) ticket = channel.Begin(words);
+    auto answer = ticket ? channel.ReplyTo(*ticket) : practice::Reply{kNotRunning, {}};
     win32::Callback::Rethrow();
     if (answer) *reply = *std::move(answer);
     return answer.has_value();
@@ -185,7 +201,7 @@ practice::Reply Win32Stage::AskClient(const std::vector<std::string>& words) {
 
 // What has left the client comes into the journal.
 void Win32Stage::TakeWitness() {
-  if (takingWitness_ || !channel_.IsThere()) return;
+  if (takingWitness_ || !channel_.IsThere() || channel_.Hangs()) return;
   takingWitness_ = true;
   for (auto& [kind, words] : channel_.TakeWitness()) Note(kind, std::move(words));
   takingWitness_ = false;

@@ -50,13 +50,19 @@ class Win32Stage : public Stage {
   void PutFile(std::string_view path, std::string_view bytes) override { drive_.Put(path, bytes); }
   void RemoveFile(std::string_view path) override { drive_.Remove(path); }
   std::optional<std::string> Peek(std::string_view path) override { return drive_.Peek(path); }
-  bool FailFile(int, int, const std::string&) override { return false; }
-  bool SetFreeSpace(std::int64_t) override { return false; }
-  bool LockFile(std::string_view path, bool locked) override;
-  bool SetClientHung(bool) override { return false; }
+  void FailFile(int call, int errorNumber, const std::string& part) override {
+    script_.faults.FailCall(call, errorNumber, part);
+  }
+  void SetFreeSpace(std::int64_t bytes) override { script_.faults.SetFreeSpace(bytes); }
+  void LockFile(std::string_view path, bool locked) override {
+    drive_.Lock(std::string(path), locked);
+  }
 
   void ChangeClient() override;
   bool ClientRuns() override { return channel_.IsThere(); }
+  Deed HangClient(const Hang& hang) override;
+  void ReleaseClient() override { channel_.Release(); }
+  bool ClientHangs() override { return channel_.Hangs(); }
   void CrashClient() override;
   Deed DoInClient(const std::vector<std::string>& words,
                   std::shared_ptr<practice::Reply> reply) override;
@@ -120,6 +126,7 @@ class Win32Stage : public Stage {
   Deed Begun(const std::string& refusal);
   static void CALLBACK Tick(HWND, UINT, UINT_PTR, DWORD);
   void OnTick();
+  void EndFinished();
   bool OnIdle(Actor& actor);
   bool RunTask();
   void TakeWitness();

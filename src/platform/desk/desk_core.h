@@ -55,6 +55,9 @@ struct DeskWindows::Impl : MessageTaker {
   // Takes a message to its window through the hooks; 0 for a window that can't answer. Does not
   // throw if the calling process has been ended meanwhile: the seam's methods do that at their end.
   MessageResult Ask(Window window, const Message& message);
+  // Whether a process takes what another one sends it. One that hangs keeps its sender waiting
+  // until it goes on, dies, or has hung for so long that it is given up.
+  bool Answers(const Process& process);
   void Deliver(Window window, const Message& message) override { Ask(window, message); }
   Process* OwnerOf(Window window) override;
   MessageResult CallProcedure(Window window, const Message& message);

@@ -3,6 +3,7 @@
 #include "base/error.h"
 #include "base/text.h"
 #include "platform/desk/desk_services.h"
+#include "platform/desk/file_faults.h"
 #include "platform/desk/file_tree.h"
 #include "platform/desk/profile_text.h"
 
@@ -14,35 +15,15 @@ namespace {
 
 constexpr std::uint32_t kSettable = file_attribute::kReadOnly | file_attribute::kHidden |
                                     file_attribute::kSystem | file_attribute::kArchive;
-constexpr std::int64_t kUsualFreeSpace = std::int64_t{2} << 30;
 
 [[noreturn]] void Fail(int number) { throw RunTimeError(number); }
-
-struct Fault {
-  int callsLeft;
-  int errorNumber;
-  std::string part;
-};
 
 }  // namespace
 
 struct DeskFiles::Impl {
   Desk& desk;
   FileTree tree{};
-  std::int64_t freeSpace = kUsualFreeSpace;
-  std::vector<Fault> faults{};
-
-  // Each call that can throw passes here first.
-  void Begin(std::string_view path, std::string_view second = {}) {
-    std::optional<int> error;
-    std::erase_if(faults, [&](Fault& fault) {
-      if (!HoldsNoCase(path, fault.part) && !HoldsNoCase(second, fault.part)) return false;
-      if (--fault.callsLeft > 0 || error) return false;
-      error = fault.errorNumber;
-      return true;
-    });
-    if (error) Fail(*error);
-  }
+  FileFaults faults{};
 
   int StateOf(char drive) const {
     const auto found = tree.Drives().find(drive);
@@ -87,16 +68,15 @@ struct DeskFiles::Impl {
     FileNode& parent = ParentOf(path);
     auto* item = parent.entries.Find(path.parts.back());
     if (item) CheckWritable(*item->value);
-    if (room > freeSpace) Fail(err::kDiskFull);
+    if (!faults.HasRoom(room)) Fail(err::kDiskFull);
     if (!item) item = &parent.entries.Add(path.parts.back(), std::make_unique<FileNode>());
     item->value->attributes |= file_attribute::kArchive;
     return *item->value;
   }
 
   void SetBytes(FileNode& file, std::string bytes) {
-    freeSpace += static_cast<std::int64_t>(file.bytes.size());
+    faults.Changed(file.bytes.size(), bytes.size());
     file.bytes = std::move(bytes);
-    freeSpace -= static_cast<std::int64_t>(file.bytes.size());
   }
 
   void Write(std::string_view path, std::string bytes) {
@@ -153,25 +133,25 @@ bool DeskFiles::IsFolder(std::string_view path) {
 }
 
 std::string DeskFiles::Read(std::string_view path) {
-  impl_->Begin(path);
+  impl_->faults.Begin(path);
   return impl_->OpenFile(impl_->Parse(path)).bytes;
 }
 
 void DeskFiles::Write(std::string_view path, std::string_view bytes) {
-  impl_->Begin(path);
+  impl_->faults.Begin(path);
   impl_->Write(path, std::string(bytes));
 }
 
 void DeskFiles::Append(std::string_view path, std::string_view bytes) {
-  impl_->Begin(path);
+  impl_->faults.Begin(path);
   const auto size = static_cast<std::int64_t>(bytes.size());
   impl_->WritableFile(impl_->Parse(path), size).bytes.append(bytes);
-  impl_->freeSpace -= size;
+  impl_->faults.Changed(0, bytes.size());
   impl_->desk.Note("file", {std::string(path)});
 }
 
 void DeskFiles::MakeFolder(std::string_view path) {
-  impl_->Begin(path);
+  impl_->faults.Begin(path);
   const DosPath parsed = impl_->Parse(path);
   FileNode& parent = impl_->ParentOf(parsed);
   if (parent.entries.Find(parsed.parts.back())) Fail(err::kPathFileAccess);
@@ -179,17 +159,17 @@ void DeskFiles::MakeFolder(std::string_view path) {
 }
 
 void DeskFiles::Delete(std::string_view path) {
-  impl_->Begin(path);
+  impl_->faults.Begin(path);
   const DosPath parsed = impl_->Parse(path);
   FileNode& file = impl_->OpenFile(parsed);
   impl_->CheckWritable(file);
-  impl_->freeSpace += static_cast<std::int64_t>(file.bytes.size());
+  impl_->faults.Changed(file.bytes.size(), 0);
   impl_->ParentOf(parsed).entries.Take(parsed.parts.back());
   impl_->desk.Note("file-deleted", {std::string(path)});
 }
 
 void DeskFiles::Copy(std::string_view from, std::string_view to) {
-  impl_->Begin(from, to);
+  impl_->faults.Begin(from, to);
   const DosPath source = impl_->Parse(from), target = impl_->Parse(to);
   const FileNode& file = impl_->OpenFile(source);
   if (impl_->IsSame(source, target)) Fail(err::kPathFileAccess);
@@ -201,7 +181,7 @@ void DeskFiles::Copy(std::string_view from, std::string_view to) {
 }
 
 void DeskFiles::Rename(std::string_view from, std::string_view to) {
-  impl_->Begin(from, to);
+  impl_->faults.Begin(from, to);
   const DosPath source = impl_->Parse(from), target = impl_->Parse(to);
   FileNode& oldParent = impl_->ParentOf(source);
   const FileNode* node = impl_->tree.Find(source);
@@ -219,7 +199,7 @@ void DeskFiles::Rename(std::string_view from, std::string_view to) {
 }
 
 void DeskFiles::SetAttributes(std::string_view path, std::uint32_t attributes) {
-  impl_->Begin(path);
+  impl_->faults.Begin(path);
   const DosPath parsed = impl_->Parse(path);
   const auto* item = impl_->ParentOf(parsed).entries.Find(parsed.parts.back());
   if (!item) Fail(err::kFileNotFound);
@@ -279,7 +259,7 @@ void DeskFiles::Remove(std::string_view path) {
   FileNode* parent = impl_->tree.FindParent(parsed);
   if (!parent || !parent->entries.Find(parsed.parts.back())) return;
   const auto node = parent->entries.Take(parsed.parts.back());
-  impl_->freeSpace += BytesIn(*node);
+  impl_->faults.Changed(static_cast<std::size_t>(BytesIn(*node)), 0);
 }
 
 std::optional<std::string> DeskFiles::Peek(std::string_view path) const {
@@ -311,7 +291,7 @@ std::vector<std::string> DeskFiles::AllPaths() const {
   return paths;
 }
 
-void DeskFiles::SetFreeSpace(std::int64_t bytes) { impl_->freeSpace = bytes; }
+void DeskFiles::SetFreeSpace(std::int64_t bytes) { impl_->faults.SetFreeSpace(bytes); }
 
 void DeskFiles::SetDriveState(char drive, int errorNumber) {
   impl_->tree.Drives()[LowerChar(drive)].state = errorNumber;
@@ -322,24 +302,14 @@ void DeskFiles::Lock(std::string_view path, bool locked) {
 }
 
 void DeskFiles::FailCall(int n, int errorNumber, std::string part) {
-  impl_->faults.push_back({n, errorNumber, std::move(part)});
+  impl_->faults.FailCall(n, errorNumber, std::move(part));
 }
 
-std::size_t DeskFiles::FaultsPending() const { return impl_->faults.size(); }
-
-namespace {
-
-// A profile file without a folder lies in the system's own.
-std::string ProfilePath(std::string_view path) {
-  const bool bare = path.find_first_of("\\/:") == std::string_view::npos;
-  return bare ? "C:\\WINDOWS\\" + std::string(path) : std::string(path);
-}
-
-}  // namespace
+std::size_t DeskFiles::FaultsPending() const { return impl_->faults.Pending(); }
 
 std::string DeskFiles::ReadProfile(std::string_view path, std::string_view section,
                                    std::string_view key) {
-  const std::string whole = ProfilePath(path);
+  const std::string whole = ProfilePath(path, "C:\\WINDOWS");
   const DosPath parsed = ParsePath(whole);
   const FileNode* file = impl_->StateOf(parsed.drive) == 0 ? impl_->tree.Find(parsed) : nullptr;
   if (!file || file->folder || file->locked) return "";
@@ -348,9 +318,9 @@ std::string DeskFiles::ReadProfile(std::string_view path, std::string_view secti
 
 bool DeskFiles::WriteProfile(std::string_view path, std::string_view section, std::string_view key,
                              std::optional<std::string_view> value) {
-  const std::string whole = ProfilePath(path);
+  const std::string whole = ProfilePath(path, "C:\\WINDOWS");
   try {
-    impl_->Begin(whole);
+    impl_->faults.Begin(whole);
     const DosPath parsed = impl_->Parse(whole);
     const FileNode* file = impl_->tree.Find(parsed);
     const std::string_view old = file ? std::string_view(file->bytes) : "";

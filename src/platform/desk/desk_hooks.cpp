@@ -63,10 +63,20 @@ HookId DeskHooks::Add(WindowNode& node, Hook hook) {
   return id;
 }
 
+// The window stands, and its process can be entered.
+bool DeskHooks::Takes(WindowNode* node) const {
+  if (!node) return false;
+  const Window window = node->handle;
+  auto& windows = desk_.windows().impl();
+  if (!windows.Answers(*node->process)) return false;
+  const WindowNode* const still = windows.tree.Find(window);
+  return still && !still->destroying;
+}
+
 HookId DeskHooks::Attach(Window window, std::span<const MessageId> messages, HookHandler& handler) {
   Process& process = desk_.impl().processes.Current();
   WindowNode* node = desk_.windows().impl().tree.Find(window);
-  if (!node || node->destroying || !process.TakesCalls()) return 0;
+  if (!Takes(node) || !process.TakesCalls()) return 0;
   return Add(*node, {.process = &process,
                      .className = {},
                      .messages = {messages.begin(), messages.end()},
@@ -79,7 +89,7 @@ HookId DeskHooks::AttachChat(Window room, ChatLineHandler& handler) {
   WindowTree& tree = desk_.windows().impl().tree;
   WindowNode* const node = tree.Find(room);
   WindowNode* const view = node ? tree.Match(node->firstChild, "RICHCNTL", std::nullopt) : nullptr;
-  if (!view || view->destroying || !process.TakesCalls()) return 0;
+  if (!Takes(view) || !process.TakesCalls()) return 0;
   const auto listener = std::make_shared<ChatListener>(*this, process, handler);
   const HookId id = Add(*view, {.process = &process,
                                 .className = {},

@@ -43,6 +43,7 @@ class DeskHooks : public Hooks {
     HookHandler* handler = nullptr;
     std::shared_ptr<ChatListener> chat;
   };
+  bool Takes(WindowNode* node) const;
   HookId Add(WindowNode& node, Hook hook);
   void Unhook(HookId id, Hook& hook);
   void RunOne(HookId id, HookedMessage& message);

@@ -26,19 +26,28 @@ DeskMenus::Menu* DeskMenus::Find(MenuHandle menu) {
   return it == menus_.end() ? nullptr : &it->second;
 }
 
+// The same for an order or a question, which a process that hangs doesn't take.
+DeskMenus::Menu* DeskMenus::Reach(MenuHandle menu) {
+  const Menu* const found = Find(menu);
+  const Process* owner = found ? desk_.impl().processes.Running(found->process) : nullptr;
+  if (owner && owner->hung) desk_.windows().impl().Answers(*owner);
+  return owner && owner->hung && owner->id != desk_.Current() ? nullptr : Find(menu);
+}
+
 const DeskMenus::Row* DeskMenus::RowAt(MenuHandle menu, int position) {
-  const Menu* found = Find(menu);
+  const Menu* found = Reach(menu);
   const auto at = static_cast<std::size_t>(position);
   return found && position >= 0 && at < found->rows.size() ? &found->rows[at] : nullptr;
 }
 
 MenuHandle DeskMenus::MenuOf(Window window) {
   const WindowNode* node = desk_.windows().impl().tree.Find(window);
-  return node && Find(node->menuBar) ? node->menuBar : MenuHandle{};
+  const MenuHandle bar = node ? node->menuBar : MenuHandle{};
+  return Reach(bar) ? bar : MenuHandle{};
 }
 
 int DeskMenus::Count(MenuHandle menu) {
-  const Menu* found = Find(menu);
+  const Menu* found = Reach(menu);
   return found ? static_cast<int>(found->rows.size()) : -1;
 }
 
@@ -95,7 +104,7 @@ bool DeskMenus::Holds(MenuHandle menu, MenuHandle part) {
 }
 
 DeskMenus::Place DeskMenus::LocateCommand(MenuHandle menu, std::uint32_t id) {
-  Menu* found = Find(menu);
+  Menu* found = Reach(menu);
   if (!found) return {};
   for (std::size_t i = 0; i < found->rows.size(); ++i) {
     const Row& row = found->rows[i];
@@ -112,7 +121,7 @@ DeskMenus::Place DeskMenus::Locate(MenuHandle menu, int at, std::uint32_t flags)
 
 bool DeskMenus::Insert(MenuHandle menu, int at, std::uint32_t flags, std::uint32_t id,
                        MenuHandle sub, std::string_view text) {
-  Menu* named = Find(menu);
+  Menu* named = Reach(menu);
   if (!named) return false;
   if (!(flags & menu_flag::kPopup)) sub = {};
   Menu* subMenu = Find(sub);
@@ -171,7 +180,17 @@ int DeskMenus::LooseMenus(ProcessId process) const {
   }));
 }
 
+// What it has put into the menus of others goes with it, too.
 void DeskMenus::Drop(ProcessId process) {
+  std::vector<MenuHandle> guests;
+  const auto isGuest = [&](const Row& row) {
+    const Menu* const sub = Find(row.sub);
+    if (sub && sub->process == process) guests.push_back(row.sub);
+    return sub && sub->process == process;
+  };
+  for (auto& [value, menu] : menus_)
+    if (menu.process != process) std::erase_if(menu.rows, isGuest);
+  for (const MenuHandle guest : guests) Free(guest);
   std::vector<MenuHandle> loose;
   for (const auto& [value, menu] : menus_)
     if (menu.process == process && !menu.attached) loose.push_back({value});

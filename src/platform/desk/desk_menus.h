@@ -53,6 +53,7 @@ class DeskMenus : public Menus {
     std::size_t position = 0;
   };
   Menu* Find(MenuHandle menu);
+  Menu* Reach(MenuHandle menu);
   const Row* RowAt(MenuHandle menu, int position);
   // By position in `menu`, or by the first row with that id in it or its sub-menus.
   Place Locate(MenuHandle menu, int at, std::uint32_t flags);

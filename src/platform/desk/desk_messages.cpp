@@ -4,24 +4,30 @@
 namespace corvel::desk {
 namespace {
 
-constexpr std::int64_t kHungAfterMs = 1000;
+// From then on it counts as hung, and nobody waits for it.
+constexpr std::int64_t kGivenUpAfterMs = 5000;
 
 // A text is cut at its NUL, as every call with a C text cuts it.
 std::string_view CText(std::string_view text) { return text.substr(0, text.find('\0')); }
 
 }  // namespace
 
+bool DeskWindows::Impl::Answers(const Process& process) {
+  while (process.hung && process.TakesCalls() && &process != &core().processes.Current()) {
+    const std::int64_t givenUpAt = process.hungSince + kGivenUpAfterMs;
+    if (core().clock.NowMs() >= givenUpAt) return false;
+    core().scheduler->LetWorldGoOn(givenUpAt);
+  }
+  return process.TakesCalls();
+}
+
 MessageResult DeskWindows::Impl::Ask(Window window, const Message& message) {
   WindowNode* node = tree.Find(window);
-  if (!node || !node->process->TakesCalls()) return 0;
-  Process& process = *node->process;
-  ProcessTable& processes = core().processes;
-  if (process.hung && &process != &processes.Current()) {
-    core().clock.MoveTo(core().clock.NowMs() + kHungAfterMs);
-    return 0;
-  }
+  if (!node || !Answers(*node->process)) return 0;
+  node = tree.Find(window);  // time may have passed
+  if (!node) return 0;
   MessageResult result = 0;
-  processes.Call(process, [&] { result = CallProcedure(window, message); });
+  core().processes.Call(*node->process, [&] { result = CallProcedure(window, message); });
   return result;
 }
 

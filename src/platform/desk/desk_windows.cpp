@@ -139,9 +139,15 @@ std::vector<Window> DeskWindows::HookedWindows() const {
 
 std::size_t DeskWindows::HookCount() const { return HookedWindows().size(); }
 
+bool DeskWindows::IsHung(ProcessId process) const {
+  const Process* const found = impl_->core().processes.Running(process);
+  return found && found->hung;
+}
+
 void DeskWindows::SetHung(ProcessId process, bool hung) {
   Process* found = impl_->core().processes.Running(process);
   if (!found) return;
+  if (hung && !found->hung) found->hungSince = impl_->core().clock.NowMs();
   found->hung = hung;
   if (!hung) impl_->core().scheduler->ReleaseHeld(*found);
 }

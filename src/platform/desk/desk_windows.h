@@ -62,8 +62,10 @@ class DeskWindows : public WindowSystem, public OwnWindows {
   std::vector<Window> AllWindows() const;
   std::size_t HookCount() const;  // windows of others that are hooked by any process
   std::vector<Window> HookedWindows() const;
-  // A process that hangs: messages to its windows come back unanswered after the bounded time.
+  // A process that hangs: whoever needs it waits with it, at most until it has hung for the bounded
+  // time.
   void SetHung(ProcessId process, bool hung);
+  bool IsHung(ProcessId process) const;
 
   struct Impl;
   Impl& impl() { return *impl_; }

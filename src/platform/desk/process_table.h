@@ -33,6 +33,7 @@ struct Process {
   Life life = Life::kRunning;
   int depth = 0;  // of its visits on the stack
   bool hung = false;
+  std::int64_t hungSince = 0;
   ProcessArena memory;
   int openedProcesses = 0;            // by it, for reading
   std::vector<std::string> leftOpen;  // what it had not released when it was gone

@@ -134,6 +134,11 @@ std::string WithLines(std::string_view text, std::size_t at, std::string lines) 
 
 }  // namespace
 
+std::string ProfilePath(std::string_view path, std::string_view windowsFolder) {
+  const bool bare = path.find_first_of("\\/:") == std::string_view::npos;
+  return bare ? std::string(windowsFolder) + "\\" + std::string(path) : std::string(path);
+}
+
 std::optional<std::string_view> ProfileValue(std::string_view text, std::string_view section,
                                              std::string_view key) {
   const auto place = Look(text, Trimmed(OneLine(section)), Trimmed(OneLine(key))).key;

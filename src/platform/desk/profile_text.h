@@ -15,6 +15,9 @@ namespace corvel::desk {
 // The largest file that the system's routines write, in bytes.
 inline constexpr std::size_t kLargestProfile = 0x10000;
 
+// A profile file without a folder lies in the system's own.
+std::string ProfilePath(std::string_view path, std::string_view windowsFolder);
+
 // The value without one pair of quotes around it and cut at a NUL; nothing if there is no such key.
 // A view into `text`.
 std::optional<std::string_view> ProfileValue(std::string_view text, std::string_view section,

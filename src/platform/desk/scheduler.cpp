@@ -173,6 +173,19 @@ bool Scheduler::RunPass() {
   return RunTimers(now) || queued;
 }
 
+void Scheduler::LetWorldGoOn(std::int64_t limit) {
+  Process& world = processes_.Outside();
+  auto first = later_.end();
+  for (auto at = later_.begin(); at != later_.end(); ++at)
+    if (at->process == &world && (first == later_.end() || kLaterThan(*first, *at))) first = at;
+  if (first == later_.end() || first->due > limit) return clock_.MoveTo(limit);
+  clock_.MoveTo(std::max(clock_.NowMs(), first->due));
+  const auto task = std::move(first->task);
+  later_.erase(first);
+  std::make_heap(later_.begin(), later_.end(), kLaterThan);
+  processes_.Call(world, task);
+}
+
 bool Scheduler::LetAgentAct() {
   bool acted = false;
   if (agent_) processes_.Call(processes_.Outside(), [&] { acted = agent_->Act(); });

@@ -44,6 +44,9 @@ class Scheduler : public EventLoop {
   void Round(std::int64_t limit);
   void RunFor(std::int64_t ms);
   void RunDue();
+  // For a process that is held up: time passes, and of all that is due only the world's own tasks
+  // for later happen. Until the first of these has run, or the limit.
+  void LetWorldGoOn(std::int64_t limit);
   const std::vector<Desk::PumpInProgress>& Pumps() const { return pumps_; }
 
   void ForgetWindow(Window window);      // its timers

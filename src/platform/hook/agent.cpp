@@ -3,6 +3,7 @@
 
 #include "platform/hook/hooked_window.h"
 #include "platform/hook/menu_deeds.h"
+#include "platform/hook/menu_guests.h"
 
 namespace corvel::hook {
 namespace {
@@ -18,6 +19,10 @@ UINT DeedMessage() {
   static UINT number = 0;
   return Registered(number, kDeedMessage);
 }
+UINT LaterMessage() {
+  static UINT number = 0;
+  return Registered(number, kLaterMessage);
+}
 
 void DoEndDialog(Task& task) {
   task.value = EndDialog(ToHandle<HWND>(task.handle), task.number) != 0;
@@ -27,6 +32,9 @@ void DoSetFocus(Task& task) {
   SetFocus(ToHandle<HWND>(task.handle));
   task.value = 1;
 }
+
+void DoEnable(Task& task) { EnableWindow(ToHandle<HWND>(task.handle), task.number != 0); }
+void DoShow(Task& task) { ShowWindow(ToHandle<HWND>(task.handle), task.number); }
 
 void TakeRow(Task& task, UINT lengthMessage, UINT textMessage) {
   const HWND list = ToHandle<HWND>(task.handle);
@@ -53,8 +61,9 @@ void DoStopSound(Task& task) {
 void DoPresent(Task& task) { task.value = 1; }
 
 constexpr DeedRow kDeeds[] = {
-    {Deed::kEndDialog, DoEndDialog}, {Deed::kSetFocus, DoSetFocus},   {Deed::kListText, DoListText},
-    {Deed::kComboText, DoComboText}, {Deed::kStopSound, DoStopSound}, {Deed::kPresent, DoPresent},
+    {Deed::kEndDialog, DoEndDialog}, {Deed::kSetFocus, DoSetFocus}, {Deed::kListText, DoListText},
+    {Deed::kComboText, DoComboText}, {Deed::kEnable, DoEnable},     {Deed::kShow, DoShow},
+    {Deed::kStopSound, DoStopSound}, {Deed::kPresent, DoPresent},
 };
 
 // Deeds that are about the link itself.
@@ -74,6 +83,20 @@ bool DoForLink(Link* link, Task& task) {
   }
 }
 
+// What the program has left here for when this thread takes messages again. The program may have
+// ended since.
+void OnLater(Link* link, WPARAM deedAndNumber, LPARAM value) {
+  const auto which = static_cast<std::uint32_t>(deedAndNumber);
+  Task task{};
+  task.deed = static_cast<Deed>(which & ((1U << kDeedBits) - 1));
+  task.number = static_cast<std::int32_t>(which >> kDeedBits);
+  task.handle = task.id = static_cast<std::uint32_t>(value);
+  ++link->uses;
+  if (!DoForLink(link, task)) DoByTable(kDeeds, task);
+  --link->uses;
+  FreeIfDone(link);
+}
+
 LRESULT OnDeed(Link* link, WPARAM index, std::uint32_t sequence) {
   if (index >= kDeedSlots) return 0;
   DeedSlot& slot = link->section->deeds[index];
@@ -84,6 +107,8 @@ LRESULT OnDeed(Link* link, WPARAM index, std::uint32_t sequence) {
             slot.text, slot.textLength, 0,           slot.text,  kDeedText};
   ++link->uses;  // the deed may release the link
   if (!DoForLink(link, task) && !DoByTable(kDeeds, task)) DoByTable(kMenuDeeds, task);
+  if (task.deed == Deed::kMenuInsert && task.value)
+    NoteGuest(*link, MenuOfTask(task), ToHandle<HMENU>(task.sub));
   if (Look(slot.sequence) == sequence) slot.value = task.value;
   --link->uses;
   FreeIfDone(link);
@@ -98,6 +123,11 @@ LRESULT CALLBACK AgentProcedure(HWND window, UINT message, WPARAM wParam, LPARAM
   if (message == DeedMessage()) {
     auto* link = reinterpret_cast<Link*>(GetWindowLongPtrA(window, GWLP_USERDATA));
     return link ? OnDeed(link, wParam, static_cast<std::uint32_t>(lParam)) : 0;
+  }
+  if (message == LaterMessage()) {
+    if (auto* link = reinterpret_cast<Link*>(GetWindowLongPtrA(window, GWLP_USERDATA)))
+      OnLater(link, wParam, lParam);
+    return 0;
   }
   return DefWindowProcA(window, message, wParam, lParam);
 }

@@ -23,6 +23,8 @@ enum class Deed : std::uint32_t {
   kMenuDrawBar,  // window
   kListText,     // window: a list box, number: row -> text
   kComboText,    // window: a combo box, number: row -> text
+  kEnable,       // window, number: 0 or 1
+  kShow,         // window, number: how
   kStopSound,    // the wave sound that the process plays
   kPresent,      // -> 1: the library is in
   kHook,         // window, id: of the hook, flags: a Listening, text: message numbers -> 1

@@ -3,6 +3,7 @@
 
 #include "platform/hook/agent.h"
 #include "platform/hook/hooked_window.h"
+#include "platform/hook/menu_guests.h"
 
 namespace corvel::hook {
 namespace {
@@ -127,6 +128,7 @@ void Release(Link* link) {
     break;
   }
   UnhookAll(*state, *link);
+  RemoveGuests(*link);
   DestroyWindow(link->agent);
   FreeIfDone(link);
 }

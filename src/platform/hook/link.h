@@ -8,6 +8,13 @@
 
 namespace corvel::hook {
 
+struct MenuGuest {
+  HWND window;
+  HMENU popup;
+};
+// The newest of a program's pop-ups in menu bars; it has one at a time.
+inline constexpr std::uint32_t kMostGuests = 4;
+
 struct Link {
   Link* next = nullptr;
   DWORD process = 0, number = 0;  // what the section is named by
@@ -18,7 +25,9 @@ struct Link {
   std::uint32_t lastSequence = 0;
   std::uint32_t asks = 0;  // that wait right now, one inside the other
   std::uint32_t uses = 0;  // asks and deeds that are going on
-  bool released = false;   // freed when the last use has ended
+  std::uint32_t guestCount = 0;
+  MenuGuest guests[kMostGuests] = {};
+  bool released = false;  // freed when the last use has ended
 };
 
 struct HookedWindow;

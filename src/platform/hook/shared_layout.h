@@ -19,8 +19,11 @@ inline constexpr std::uint32_t kLayoutVersion = 1 << 16 | static_cast<std::uint3
 
 inline constexpr char kLibraryName[] = "corvelhk.dll";
 // Registered messages. The number at the end is the version.
-inline constexpr char kEnterMessage[] = "Corvel.Hook.Enter.1";    // to any window of the thread
-inline constexpr char kDeedMessage[] = "Corvel.Hook.Deed.1";      // program to agent
+inline constexpr char kEnterMessage[] = "Corvel.Hook.Enter.1";  // to any window of the thread
+inline constexpr char kDeedMessage[] = "Corvel.Hook.Deed.1";    // program to agent
+// Posted by the program to the agent; wParam: a deed, and its number behind kDeedBits; lParam: the
+// window, or a hook's id.
+inline constexpr char kLaterMessage[] = "Corvel.Hook.Later.1";
 inline constexpr char kAskMessage[] = "Corvel.Hook.Ask.1";        // agent to program
 inline constexpr char kNoticeMessage[] = "Corvel.Hook.Notice.1";  // agent to program, posted
 // A section's name, of the program's process id and the link's number.
@@ -29,6 +32,7 @@ inline constexpr char kSectionName[] = "Corvel.Hook.%08lX.%lu";
 inline constexpr std::uint32_t kAskSlots = 8;   // asks within asks
 inline constexpr std::uint32_t kDeedSlots = 8;  // deeds within deeds
 inline constexpr std::uint32_t kSlotBits = 3;
+inline constexpr std::uint32_t kDeedBits = 8;
 inline constexpr std::uint32_t kAskText = 32768, kDeedText = 8192;  // bytes with the NUL
 inline constexpr std::uint32_t kChatRoom = 65536;                   // a power of two
 inline constexpr std::uint32_t kMostMessages = 32;                  // a hook listens to

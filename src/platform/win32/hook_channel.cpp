@@ -4,11 +4,13 @@
 #include "platform/win32/callback.h"
 #include "platform/win32/handles.h"
 
+#include <utility>
+
 namespace corvel::win32 {
 namespace {
 
 constexpr char kOwnerClass[] = "Corvel.Hook.Owner";
-constexpr UINT kEnterMs = 3000;
+constexpr UINT kEnterMs = 5000;  // as long as for all that is asked of a client
 
 UINT AskMessage() {
   static const UINT message = RegisterWindowMessageA(hook::kAskMessage);
@@ -79,15 +81,19 @@ bool HookLibrary::Enter(HWND window, DWORD thread, DWORD link) {
   static const UINT message = RegisterWindowMessageA(hook::kEnterMessage);
   const SystemHook carrier(onMessage_, module_, thread);
   DWORD_PTR reply = 0;
-  return carrier && SendMessageTimeoutA(window, message, GetCurrentProcessId(),
-                                        static_cast<LPARAM>(link), SMTO_NORMAL, kEnterMs, &reply);
+  return carrier &&
+         SendMessageTimeoutA(window, message, GetCurrentProcessId(), static_cast<LPARAM>(link),
+                             SMTO_NORMAL | SMTO_ABORTIFHUNG, kEnterMs, &reply);
 }
 
 HookChannel::~HookChannel() {
   sink_ = nullptr;
-  links_.clear();
+  LetGo();
   if (owner_) DestroyWindow(owner_);
 }
+
+// The last messages of links that go may come in meanwhile; they find none any more.
+void HookChannel::LetGo() { const auto leaving = std::exchange(links_, {}); }
 
 bool HookChannel::MakeOwner() {
   if (owner_) return true;
@@ -107,11 +113,17 @@ void HookChannel::ForgetTheDead() {
   std::erase_if(links_, [](const auto& entry) { return !entry.second->Lives(); });
 }
 
+std::shared_ptr<HookLink> HookChannel::Entered(HWND window) const {
+  const DWORD thread = window ? GetWindowThreadProcessId(window, nullptr) : 0;
+  for (const auto& [number, link] : links_)
+    if (thread != 0 && link->thread() == thread && link->Lives()) return link;
+  return nullptr;
+}
+
 std::shared_ptr<HookLink> HookChannel::Enter(HWND window) {
+  if (auto link = Entered(window)) return link;
   const DWORD thread = window ? GetWindowThreadProcessId(window, nullptr) : 0;
   if (thread == 0) return nullptr;
-  for (const auto& [number, link] : links_)
-    if (link->thread() == thread && link->Lives()) return link;
   ForgetTheDead();
   if (!library_.Load() || !MakeOwner()) return nullptr;
   const auto link = std::make_shared<HookLink>(owner_, nextNumber_++, thread);

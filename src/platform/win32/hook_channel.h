@@ -43,14 +43,19 @@ class HookLibrary {
 class HookChannel {
  public:
   HookChannel() = default;
-  ~HookChannel();  // lets go of all clients
+  ~HookChannel();
   HookChannel(const HookChannel&) = delete;
   HookChannel& operator=(const HookChannel&) = delete;
+
+  // Lets go of all clients.
+  void LetGo();
 
   void SetSink(HookSink* sink) { sink_ = sink; }
   // The link of the window's thread, which is entered if need be. nullptr if the window is dead,
   // its process hangs or can't be entered.
   std::shared_ptr<HookLink> Enter(HWND window);
+  // The same if it has been entered, else nullptr.
+  std::shared_ptr<HookLink> Entered(HWND window) const;
 
  private:
   static LRESULT CALLBACK OwnerProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);

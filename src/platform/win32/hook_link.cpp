@@ -7,9 +7,9 @@
 namespace corvel::win32 {
 namespace {
 
-// A client that doesn't answer for so long hangs, and is not given as long again before it has
-// answered.
-constexpr UINT kClientMs = 3000, kHungClientMs = 250;
+// The same as after which a client that doesn't look at its messages counts as hung, and is given
+// up at once.
+constexpr UINT kClientMs = 5000;
 
 std::string NameOfSection(DWORD number) {
   char name[64];
@@ -53,7 +53,7 @@ HookLink::~HookLink() {
   if (!Lives()) return;
   hook::DeedSlot& slot = section()->deeds[0];
   slot.deed = Deed::kRelease;
-  Send(slot, 0);
+  if (!Send(slot, 0)) Later(Deed::kRelease, 0, 0);
 }
 
 bool HookLink::Lives() const {
@@ -69,10 +69,9 @@ bool HookLink::Send(hook::DeedSlot& slot, std::size_t index) {
   hook::Set(slot.sequence, sequence);
   DWORD_PTR reply = 0;
   const LRESULT sent = SendMessageTimeoutA(hook::ToHandle<HWND>(section()->agent), message, index,
-                                           static_cast<LPARAM>(sequence), SMTO_NORMAL,
-                                           clientHangs_ ? kHungClientMs : kClientMs, &reply);
+                                           static_cast<LPARAM>(sequence),
+                                           SMTO_NORMAL | SMTO_ABORTIFHUNG, kClientMs, &reply);
   hook::Set(slot.sequence, 0U);  // one that comes too late means nothing
-  clientHangs_ = !sent;
   return sent && reply == sequence;
 }
 
@@ -100,6 +99,14 @@ std::optional<DeedReply> HookLink::Do(const DeedRequest& request) {
     reply.text = slot.text;
   }
   return reply;
+}
+
+void HookLink::Later(Deed deed, std::int32_t number, std::uint32_t value) {
+  static const UINT message = RegisterWindowMessageA(hook::kLaterMessage);
+  if (!Lives()) return;
+  const auto what = static_cast<std::uint32_t>(deed) | static_cast<std::uint32_t>(number)
+                                                           << hook::kDeedBits;
+  PostMessageA(hook::ToHandle<HWND>(section()->agent), message, what, static_cast<LPARAM>(value));
 }
 
 std::vector<std::pair<std::uint32_t, std::string>> HookLink::TakeTexts() {

@@ -43,6 +43,9 @@ class HookLink : public std::enable_shared_from_this<HookLink> {
   bool Lives() const;
   // Nothing if the client is gone or doesn't take it in time.
   std::optional<DeedReply> Do(const DeedRequest& request);
+  // Leaves a deed there which is done once the client takes messages again, even if we have ended
+  // by then. It has no text and no reply.
+  void Later(Deed deed, std::int32_t number, std::uint32_t value);
   // The texts that the library has put into the ring since the last call, with their hooks' ids.
   std::vector<std::pair<std::uint32_t, std::string>> TakeTexts();
 
@@ -53,7 +56,6 @@ class HookLink : public std::enable_shared_from_this<HookLink> {
   SharedSection shared_;
   std::uint32_t deeds_ = 0;  // under way, one inside the other
   std::uint32_t lastSequence_ = 0;
-  bool clientHangs_ = false;  // the last deed timed out
 };
 
 }  // namespace corvel::win32

@@ -35,6 +35,9 @@ class InClient {
   // the first call. Nothing if the window is dead, its process hangs (given up after a bounded
   // time) or can't be entered.
   virtual std::optional<DeedReply> Ask(HWND window, const DeedRequest& request) = 0;
+  // Leaves an order there, about the window, which is carried out once its process takes messages
+  // again, even if ours has ended by then. If our library isn't in there nothing happens.
+  virtual void Later(HWND window, Deed deed, std::int32_t number) = 0;
 };
 
 }  // namespace corvel::win32

@@ -75,7 +75,8 @@ bool Win32Hooks::HooksLiveWindow(const Hook& hook) const {
 void Win32Hooks::Detach(HookId hook) noexcept {
   const auto node = hooks_.extract(hook);
   if (node && HooksLiveWindow(node.mapped()))
-    node.mapped().link->Do({.deed = Deed::kUnhook, .id = hook});
+    if (HookLink& link = *node.mapped().link; !link.Do({.deed = Deed::kUnhook, .id = hook}))
+      link.Later(Deed::kUnhook, 0, hook);
 }
 
 void Win32Hooks::DetachChat(HookId hook) noexcept { Detach(hook); }

@@ -10,6 +10,7 @@ class Win32InClient : public InClient {
  public:
   explicit Win32InClient(HookChannel& channel) : channel_(channel) {}
   std::optional<DeedReply> Ask(HWND window, const DeedRequest& request) override;
+  void Later(HWND window, Deed deed, std::int32_t number) override;
 
  private:
   HookChannel& channel_;

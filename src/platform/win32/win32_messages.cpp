@@ -9,9 +9,9 @@
 namespace corvel::win32 {
 namespace {
 
-// A process that has not looked at its messages for five seconds is given up at once; one that
-// does, but is slow, has this long.
-constexpr UINT kLongestAnswer = 10'000;
+// The same as after which a process that doesn't look at its messages counts as hung, and is given
+// up at once: so one that hangs holds us up for this long, and no longer however much we ask it.
+constexpr UINT kLongestAnswer = 5000;
 
 // The part in front of the NUL, as every call with a C text takes it.
 std::string CText(std::string_view text) { return std::string(text.substr(0, text.find('\0'))); }

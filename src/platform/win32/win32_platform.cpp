@@ -1,5 +1,6 @@
 #include "platform/win32/win32_platform.h"
 
+#include "platform/win32/callback.h"
 #include "platform/win32/hook_channel.h"
 #include "platform/win32/win32_client_library.h"
 #include "platform/win32/win32_clipboard.h"
@@ -72,5 +73,10 @@ Win32Platform::~Win32Platform() = default;
 Platform& Win32Platform::platform() { return impl_->platform; }
 Win32EventLoop& Win32Platform::events() { return impl_->events; }
 Win32Peers& Win32Platform::peers() { return impl_->peers; }
+
+void Win32Platform::LetGoOfClients() {
+  impl_->channel.LetGo();
+  Callback::Rethrow();
+}
 
 }  // namespace corvel::win32

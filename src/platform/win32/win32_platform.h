@@ -20,6 +20,8 @@ class Win32Platform {
   Platform& platform();
   Win32EventLoop& events();
   Win32Peers& peers();
+  // As at the end of the process, for one that goes on behind a program's end.
+  void LetGoOfClients();
 
  private:
   struct Impl;

@@ -95,13 +95,25 @@ BOOL CALLBACK MatchCaption(HWND window, LPARAM search) {
 
 // --- State ---------------------------------------------------------------------------------------
 
+// What is taken from a client must be given back to it, even if it hangs just then: the library has
+// to be in before.
 void Win32WindowSystem::Enable(Window window, bool enabled) {
-  if (TakesOrders(ToHwnd(window))) EnableWindow(ToHwnd(window), enabled);
+  const HWND handle = ToHwnd(window);
+  if (!enabled && IsWindow(handle) && !IsOurs(handle))
+    client_.Ask(handle, {.deed = Deed::kPresent});
+  if (TakesOrders(handle))
+    EnableWindow(handle, enabled);
+  else if (enabled)
+    client_.Later(handle, Deed::kEnable, 1);
   Callback::Rethrow();
 }
 
 void Win32WindowSystem::Show(Window window, int command) {
-  if (TakesOrders(ToHwnd(window))) ShowWindow(ToHwnd(window), command);
+  const HWND handle = ToHwnd(window);
+  if (TakesOrders(handle))
+    ShowWindow(handle, command);
+  else if (command != show::kHide)
+    client_.Later(handle, Deed::kShow, command);
   Callback::Rethrow();
 }
 
@@ -114,7 +126,8 @@ void Win32WindowSystem::SetFocus(Window window) {
   if (IsWindowEnabled(handle) && IsInUse(handle)) BringToFront(RootOf(handle));
   if (IsOurs(handle)) {
     ::SetFocus(handle);
-  } else if (!client_.Ask(handle, {.deed = Deed::kSetFocus, .handle = window.value})) {
+  } else if (!client_.Ask(handle, {.deed = Deed::kSetFocus, .handle = window.value}) &&
+             TakesOrders(handle)) {
     const SharedInput shared(handle);
     ::SetFocus(handle);
   }
