@@ -79,6 +79,12 @@ Window FindClientFrame(Program& program) {
   return program.platform.windows.Find(kClientFrameClass, std::nullopt);
 }
 
+void GiveClientBack(Program& program) {
+  WindowSystem& windows = program.platform.windows;
+  windows.Enable(program.g.hAOL, true);
+  program.g.ClientHeld = windows.Exists(program.g.hAOL) && !windows.IsEnabled(program.g.hAOL);
+}
+
 void AOLIsRunning(Program& program) {
   Globals& g = program.g;
   g.hAOL = FindClientFrame(program);

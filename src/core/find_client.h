@@ -11,6 +11,9 @@ inline constexpr const char* kClientFrameClass = "AOL Frame25";
 // The client's main window, or 0.
 Window FindClientFrame(Program& program);
 
+// Lets the client take input again; ClientHeld if it hangs and can't be told.
+void GiveClientBack(Program& program);
+
 // Takes the running client's window and folder into hAOL and AOLPath. Tells the user and ends the
 // program if the client is a 16-bit one or has just gone.
 void AOLIsRunning(Program& program);

@@ -54,6 +54,7 @@ class frmCV7 : public ProgramForm {
   void RemoveWindowListRows();
   // Timer1, in its order (frmCV7_timers.cpp).
   void Timer1_Timer();
+  void MakeUpForHang();
   void FollowRoom();
   void HookRoom();
   void UnhookRoom();

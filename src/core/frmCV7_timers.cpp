@@ -12,6 +12,8 @@
 #include "core/report_error.h"
 #include "core/toolbar_menus.h"
 
+#include <utility>
+
 namespace corvel {
 
 namespace {
@@ -59,11 +61,19 @@ void frmCV7::Timer1_Timer() {
     return;
   }
   using StepOfTick = void (frmCV7::*)();
-  for (const StepOfTick step : {&frmCV7::FollowRoom, &frmCV7::WatchMailBar, &frmCV7::FollowOnline,
-                                &frmCV7::WatchReadMail}) {
+  for (const StepOfTick step : {&frmCV7::MakeUpForHang, &frmCV7::FollowRoom, &frmCV7::WatchMailBar,
+                                &frmCV7::FollowOnline, &frmCV7::WatchReadMail}) {
     if (program.g.Closing) return;
     GoOn([this, step] { (this->*step)(); });
   }
+}
+
+// What a client that hung at the time could not be brought to do.
+void frmCV7::MakeUpForHang() {
+  if (std::exchange(program.g.ClientHeld, false)) GiveClientBack(program);
+  for (forms::SubClass* const hook : {&sbcMenu, &sbcChatWin, &sbcCmdLine, &sbcSendIcon, &SubClass3})
+    hook->Renew();
+  chat.Renew();
 }
 
 void frmCV7::FollowRoom() {

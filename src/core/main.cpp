@@ -21,7 +21,7 @@ class ClientDisabled {
   explicit ClientDisabled(Program& program) : program_(program) {
     program_.platform.windows.Enable(program_.g.hAOL, false);
   }
-  ~ClientDisabled() { program_.platform.windows.Enable(program_.g.hAOL, true); }
+  ~ClientDisabled() { GiveClientBack(program_); }
   ClientDisabled(const ClientDisabled&) = delete;
   ClientDisabled& operator=(const ClientDisabled&) = delete;
 

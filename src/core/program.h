@@ -33,6 +33,7 @@ struct Globals {
   std::string ProgramVersion;
   bool Unloading = false;   // the way down has finished: whatever wakes up unloads itself
   bool Closing = false;     // the way down has begun
+  bool ClientHeld = false;  // the start is over, and the client doesn't take input yet
   bool AOLClosing = false;  // the client itself is closing: don't close it again
   Window hAOL{}, hMDI{}, hChatRoom{}, hMailWin{};
   std::string AOLPath;  // no trailing backslash

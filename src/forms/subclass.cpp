@@ -50,6 +50,11 @@ void SubClass::Remove(Window window) {
   hooked_.erase(known);
 }
 
+void SubClass::Renew() {
+  for (int i = 0; i < Count(); ++i)
+    if (form_.platform().windows.Exists(At(i))) Add(At(i));
+}
+
 void SubClass::Unhook() noexcept {
   for (const Hooked& hooked : std::exchange(hooked_, {}))
     form_.platform().hooks.Detach(hooked.hook);
@@ -82,10 +87,18 @@ Chat::~Chat() {
 
 void Chat::Attach(Window room) {
   Detach();
-  if (form_.IsLoaded()) hook_ = form_.platform().hooks.AttachChat(room, *this);
+  if (!form_.IsLoaded()) return;
+  room_ = room;
+  hook_ = form_.platform().hooks.AttachChat(room, *this);
+}
+
+void Chat::Renew() {
+  Platform& platform = form_.platform();
+  if (room_ && platform.windows.Exists(room_) && !platform.hooks.IsAttached(hook_)) Attach(room_);
 }
 
 void Chat::Detach() noexcept {
+  room_ = {};
   if (const HookId hook = std::exchange(hook_, 0)) form_.platform().hooks.DetachChat(hook);
 }
 

@@ -36,6 +36,8 @@ class SubClass : public HookHandler {
   void SetHWnd(Window window);  // 0 unhooks all
   void Add(Window window);
   void Remove(Window window);
+  // Hooks anew what stands and isn't hooked: its process may have hung when it was to be.
+  void Renew();
   int Count() const { return static_cast<int>(hooked_.size()); }
   Window At(int index) const;
 
@@ -70,6 +72,7 @@ class Chat : public ChatLineHandler {
 
   void Attach(Window room);  // instead of any earlier one
   void Detach() noexcept;
+  void Renew();  // as SubClass::Renew
   bool IsAttached() const { return hook_ != 0; }
   std::function<void(std::string_view sender, std::string_view text)> onChatMsg;
 
@@ -78,6 +81,7 @@ class Chat : public ChatLineHandler {
 
   Form& form_;
   std::string name_;
+  Window room_{};
   HookId hook_ = 0;
 };
 
