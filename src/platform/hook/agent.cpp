@@ -8,6 +8,8 @@ namespace corvel::hook {
 namespace {
 
 constexpr char kAgentClass[] = "Corvel.Hook.Agent";
+// So often the agent looks whether its program lives.
+constexpr UINT kWatchMs = 500;
 
 UINT Registered(UINT& number, const char* name) {
   if (!number) number = RegisterWindowMessageA(name);
@@ -57,6 +59,16 @@ constexpr DeedRow kDeeds[] = {
     {Deed::kComboText, DoComboText}, {Deed::kStopSound, DoStopSound}, {Deed::kPresent, DoPresent},
 };
 
+// What the client has disabled itself stays its own affair.
+void Hold(Link& link, Task& task) {
+  const HWND window = ToHandle<HWND>(task.handle);
+  if (!task.number)
+    link.disabled = nullptr;
+  else if (IsWindowEnabled(window))
+    link.disabled = window;
+  task.value = 1;
+}
+
 // Deeds that are about the link itself.
 bool DoForLink(Link* link, Task& task) {
   switch (task.deed) {
@@ -65,6 +77,9 @@ bool DoForLink(Link* link, Task& task) {
       return true;
     case Deed::kUnhook:
       RemoveHook(*link, task.id);
+      return true;
+    case Deed::kHold:
+      Hold(*link, task);
       return true;
     case Deed::kRelease:
       Release(link);
@@ -95,9 +110,12 @@ LRESULT CALLBACK AgentProcedure(HWND window, UINT message, WPARAM wParam, LPARAM
     const auto* create = reinterpret_cast<const CREATESTRUCTA*>(lParam);
     SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(create->lpCreateParams));
   }
-  if (message == DeedMessage()) {
-    auto* link = reinterpret_cast<Link*>(GetWindowLongPtrA(window, GWLP_USERDATA));
+  auto* link = reinterpret_cast<Link*>(GetWindowLongPtrA(window, GWLP_USERDATA));
+  if (message == DeedMessage())
     return link ? OnDeed(link, wParam, static_cast<std::uint32_t>(lParam)) : 0;
+  if (message == WM_TIMER && link) {
+    if (!OwnerLives(*link)) Release(link);
+    return 0;
   }
   return DefWindowProcA(window, message, wParam, lParam);
 }
@@ -123,8 +141,10 @@ HWND CreateAgent(Link* link) {
   info.hInstance = libraryInstance;
   info.lpszClassName = kAgentClass;
   RegisterClassA(&info);  // fails from the second time on
-  return CreateWindowExA(0, kAgentClass, "", WS_POPUP, 0, 0, 0, 0, nullptr, nullptr,
-                         libraryInstance, link);
+  const HWND agent = CreateWindowExA(0, kAgentClass, "", WS_POPUP, 0, 0, 0, 0, nullptr, nullptr,
+                                     libraryInstance, link);
+  if (agent) SetTimer(agent, 1, kWatchMs, nullptr);
+  return agent;
 }
 
 }  // namespace corvel::hook

@@ -9,6 +9,8 @@ namespace corvel::hook {
 enum class Deed : std::uint32_t {
   kEndDialog,    // window, number: the result
   kSetFocus,     // window
+  kHold,         // window, number: 1: it is about to be disabled, 0: it isn't any more. Enabled
+                 // again if the program dies
   kMenuOf,       // window -> menu
   kMenuCount,    // menu -> number or -1
   kSubMenu,      // menu, number: position -> menu

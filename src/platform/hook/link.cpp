@@ -127,6 +127,7 @@ void Release(Link* link) {
     break;
   }
   UnhookAll(*state, *link);
+  if (link->disabled) EnableWindow(link->disabled, TRUE);
   DestroyWindow(link->agent);
   FreeIfDone(link);
 }

@@ -95,8 +95,15 @@ BOOL CALLBACK MatchCaption(HWND window, LPARAM search) {
 
 // --- State ---------------------------------------------------------------------------------------
 
+// From here and not by the client's own hand, which would take the focus off with it; but the
+// library there knows of it, and gives the window its input back if we are killed.
 void Win32WindowSystem::Enable(Window window, bool enabled) {
-  if (TakesOrders(ToHwnd(window))) EnableWindow(ToHwnd(window), enabled);
+  const HWND handle = ToHwnd(window);
+  if (!TakesOrders(handle)) return;
+  const DeedRequest hold{.deed = Deed::kHold, .handle = window.value, .number = enabled ? 0 : 1};
+  if (!enabled && !IsOurs(handle)) client_.Ask(handle, hold);
+  EnableWindow(handle, enabled);
+  if (enabled && !IsOurs(handle)) client_.Ask(handle, hold);
   Callback::Rethrow();
 }
 
