@@ -50,6 +50,16 @@ add_dependencies(hook_test corvelhk)
 add_test(NAME hooks COMMAND hook_test)
 set_tests_properties(hooks PROPERTIES RUN_SERIAL ON TIMEOUT 300)
 
+# The whole program and the practice client, each in a process of its own, seen from outside.
+file(GLOB program CONFIGURE_DEPENDS program/*.cpp)
+add_executable(test_program ${program})
+target_link_libraries(test_program corvel_practice_channel corvel_win32 corvel_gtest)
+set_target_properties(test_program PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}
+  CROSSCOMPILING_EMULATOR wine)
+add_dependencies(test_program corvel32 corvelhk practice aol runtime)
+add_test(NAME program COMMAND test_program --gtest_brief=1)
+set_tests_properties(program PROPERTIES RUN_SERIAL ON TIMEOUT 300)
+
 # The figures of real windows: ./bench runs them.
 add_executable(hook_bench ${CMAKE_SOURCE_DIR}/benchmarks/win32_hook_bench.cpp)
 target_link_libraries(hook_bench corvel_win32)

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Everything on real windows, under Wine without a display: the conformance suite, the hooks, forms,
-# the practice client, and the scenarios, in prefixes side by side, each pinned to a core.
+# the practice client, the program as a process, and the scenarios, in prefixes side by side, each
+# pinned to a core.
 . "$(dirname "$0")/../scripts/common.sh"
 . scripts/wine.sh
 build=build/win64 homes=build/wine-tests
@@ -50,6 +51,7 @@ cores=$(nproc)
   in_new_prefix conformance 0 200 wine "$build/test_platform.exe" --gtest_brief=1
   in_new_prefix hooks 0 200 wine "$build/hook_test.exe"
   by_hand 0
+  in_new_prefix program 0 300 tests/program/refusing.sh wine "$build/test_program.exe" --gtest_brief=1
   scenarios 1 0
 ) &
 (

@@ -49,6 +49,8 @@ void CorvelProcess::Start() {
   }
 }
 
+void CorvelProcess::EndSession() { UnloadAllForms(program_, false); }
+
 bool CorvelProcess::Finished() const {
   return !running_ || (program_.forms.All().empty() && !program_.forms.InEvent());
 }

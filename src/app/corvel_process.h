@@ -15,6 +15,9 @@ class CorvelProcess {
 
   // Runs Main. Afterwards the program lives on events, or has refused to start: then Finished.
   void Start();
+  // The user's session ends, in the middle of whatever runs: the way down, without a question. What
+  // waits below unwinds afterwards, as when the client has vanished.
+  void EndSession();
   // The program has ended by itself: it has refused to start, or its last window has gone and none
   // of its procedures is running any more. Asked after each event.
   bool Finished() const;

@@ -54,7 +54,7 @@ class frmCV7 : public ProgramForm {
   void RemoveWindowListRows();
   // Timer1, in its order (frmCV7_timers.cpp).
   void Timer1_Timer();
-  void HookClient();
+  void RenewHooks();
   void FollowRoom();
   void HookRoom();
   void UnhookRoom();

@@ -59,7 +59,7 @@ void frmCV7::Timer1_Timer() {
     return;
   }
   using StepOfTick = void (frmCV7::*)();
-  for (const StepOfTick step : {&frmCV7::HookClient, &frmCV7::FollowRoom, &frmCV7::WatchMailBar,
+  for (const StepOfTick step : {&frmCV7::RenewHooks, &frmCV7::FollowRoom, &frmCV7::WatchMailBar,
                                 &frmCV7::FollowOnline, &frmCV7::WatchReadMail}) {
     if (program.g.Closing) return;
     GoOn([this, step] { (this->*step)(); });
@@ -67,8 +67,10 @@ void frmCV7::Timer1_Timer() {
 }
 
 // A client that hung when it was to be hooked is hooked as soon as it can be.
-void frmCV7::HookClient() {
-  if (!sbcMenu.IsHooked()) sbcMenu.SetHWnd(program.g.hAOL);
+void frmCV7::RenewHooks() {
+  for (forms::SubClass* const hook : {&sbcMenu, &sbcChatWin, &sbcCmdLine, &sbcSendIcon, &SubClass3})
+    hook->Renew();
+  chat.Renew();
 }
 
 void frmCV7::FollowRoom() {
@@ -95,11 +97,6 @@ void frmCV7::HookRoom() {
   sbcSendIcon.SetHWnd(room.sendIcon);
   SubClass3.SetHWnd(room.list);
   ChatHooked = true;
-  // One that hangs can't be hooked: all of it once more at the next tick.
-  const bool viewHooked = program.g.IsVersion4Or5() ? chat.IsAttached() : sbcChatWin.IsHooked();
-  const bool allHooked =
-      viewHooked && sbcCmdLine.IsHooked() && sbcSendIcon.IsHooked() && SubClass3.IsHooked();
-  if (!allHooked) UnhookRoom();
 }
 
 void frmCV7::UnhookRoom() {

@@ -19,13 +19,6 @@ SubClass::~SubClass() {
 
 Window SubClass::HWnd() const { return At(0); }
 
-bool SubClass::IsHooked() const {
-  Hooks& hooks = form_.platform().hooks;
-  return !hooked_.empty() && std::all_of(hooked_.begin(), hooked_.end(), [&](const Hooked& one) {
-    return hooks.IsAttached(one.hook);
-  });
-}
-
 Window SubClass::At(int index) const {
   return index >= 0 && index < Count() ? hooked_[static_cast<std::size_t>(index)].window : Window{};
 }
@@ -36,25 +29,37 @@ void SubClass::SetHWnd(Window window) {
   if (window) Add(window);
 }
 
+SubClass::Hooked* SubClass::Find(Window window) {
+  const auto known = std::find_if(hooked_.begin(), hooked_.end(),
+                                  [window](const Hooked& h) { return h.window == window; });
+  return known == hooked_.end() ? nullptr : &*known;
+}
+
 void SubClass::Add(Window window) {
   if (!window || !form_.IsLoaded()) return;
   Hooks& hooks = form_.platform().hooks;
-  const auto known = std::find_if(hooked_.begin(), hooked_.end(),
-                                  [window](const Hooked& h) { return h.window == window; });
-  if (known == hooked_.end()) {
-    hooked_.push_back({window, hooks.Attach(window, messages_, *this)});
-  } else if (!hooks.IsAttached(known->hook)) {
+  if (const Hooked* known = Find(window)) {
+    if (hooks.IsAttached(known->hook)) return;
     hooks.Detach(known->hook);
-    known->hook = hooks.Attach(window, messages_, *this);
   }
+  const HookId hook = hooks.Attach(window, messages_, *this);
+  // Handlers may have run meanwhile, and have changed the list.
+  if (Hooked* known = Find(window))
+    known->hook = hook;
+  else
+    hooked_.push_back({window, hook});
 }
 
 void SubClass::Remove(Window window) {
-  const auto known = std::find_if(hooked_.begin(), hooked_.end(),
-                                  [window](const Hooked& h) { return h.window == window; });
-  if (known == hooked_.end()) return;
+  const Hooked* known = Find(window);
+  if (!known) return;
   form_.platform().hooks.Detach(known->hook);
-  hooked_.erase(known);
+  std::erase_if(hooked_, [window](const Hooked& h) { return h.window == window; });
+}
+
+void SubClass::Renew() {
+  for (int i = 0; i < Count(); ++i)
+    if (form_.platform().windows.Exists(At(i))) Add(At(i));
 }
 
 void SubClass::Unhook() noexcept {
@@ -89,10 +94,18 @@ Chat::~Chat() {
 
 void Chat::Attach(Window room) {
   Detach();
-  if (form_.IsLoaded()) hook_ = form_.platform().hooks.AttachChat(room, *this);
+  if (!form_.IsLoaded()) return;
+  room_ = room;
+  hook_ = form_.platform().hooks.AttachChat(room, *this);
+}
+
+void Chat::Renew() {
+  Platform& platform = form_.platform();
+  if (room_ && platform.windows.Exists(room_) && !platform.hooks.IsAttached(hook_)) Attach(room_);
 }
 
 void Chat::Detach() noexcept {
+  room_ = {};
   if (const HookId hook = std::exchange(hook_, 0)) form_.platform().hooks.DetachChat(hook);
 }
 

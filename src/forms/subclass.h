@@ -33,11 +33,11 @@ class SubClass : public HookHandler {
   // The one hooked window, or the first of the list; 0 for none. A window that has died is still
   // told until it is changed, as the control always did.
   Window HWnd() const;
-  // All its windows are hooked: none has died, and none could not be reached.
-  bool IsHooked() const;
   void SetHWnd(Window window);  // 0 unhooks all
   void Add(Window window);
   void Remove(Window window);
+  // Hooks anew what stands and isn't hooked: its process may have hung when it was to be.
+  void Renew();
   int Count() const { return static_cast<int>(hooked_.size()); }
   Window At(int index) const;
 
@@ -55,6 +55,7 @@ class SubClass : public HookHandler {
   void OnHookedMessage(HookedMessage& message) override;
   void OnDeferred(LParam value);
   void Unhook() noexcept;
+  Hooked* Find(Window window);
 
   Form& form_;
   std::string name_;
@@ -72,6 +73,7 @@ class Chat : public ChatLineHandler {
 
   void Attach(Window room);  // instead of any earlier one
   void Detach() noexcept;
+  void Renew();  // as SubClass::Renew
   bool IsAttached() const { return hook_ != 0; }
   std::function<void(std::string_view sender, std::string_view text)> onChatMsg;
 
@@ -80,6 +82,7 @@ class Chat : public ChatLineHandler {
 
   Form& form_;
   std::string name_;
+  Window room_{};
   HookId hook_ = 0;
 };
 

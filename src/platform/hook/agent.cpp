@@ -9,6 +9,8 @@ namespace corvel::hook {
 namespace {
 
 constexpr char kAgentClass[] = "Corvel.Hook.Agent";
+// So often the agent looks whether its program lives.
+constexpr UINT kWatchMs = 500;
 
 UINT Registered(UINT& number, const char* name) {
   if (!number) number = RegisterWindowMessageA(name);
@@ -33,7 +35,6 @@ void DoSetFocus(Task& task) {
   task.value = 1;
 }
 
-void DoEnable(Task& task) { EnableWindow(ToHandle<HWND>(task.handle), task.number != 0); }
 void DoShow(Task& task) { ShowWindow(ToHandle<HWND>(task.handle), task.number); }
 
 void TakeRow(Task& task, UINT lengthMessage, UINT textMessage) {
@@ -62,9 +63,25 @@ void DoPresent(Task& task) { task.value = 1; }
 
 constexpr DeedRow kDeeds[] = {
     {Deed::kEndDialog, DoEndDialog}, {Deed::kSetFocus, DoSetFocus}, {Deed::kListText, DoListText},
-    {Deed::kComboText, DoComboText}, {Deed::kEnable, DoEnable},     {Deed::kShow, DoShow},
-    {Deed::kStopSound, DoStopSound}, {Deed::kPresent, DoPresent},
+    {Deed::kComboText, DoComboText}, {Deed::kShow, DoShow},         {Deed::kStopSound, DoStopSound},
+    {Deed::kPresent, DoPresent},
 };
+
+// What the client has disabled itself stays its own affair.
+void Hold(Link& link, Task& task) {
+  const HWND window = ToHandle<HWND>(task.handle);
+  if (!task.number)
+    link.disabled = nullptr;
+  else if (IsWindowEnabled(window))
+    link.disabled = window;
+  task.value = 1;
+}
+
+void Enable(Link& link, const Task& task) {
+  const HWND window = ToHandle<HWND>(task.handle);
+  if (link.disabled == window) link.disabled = nullptr;
+  EnableWindow(window, TRUE);
+}
 
 // Deeds that are about the link itself.
 bool DoForLink(Link* link, Task& task) {
@@ -74,6 +91,12 @@ bool DoForLink(Link* link, Task& task) {
       return true;
     case Deed::kUnhook:
       RemoveHook(*link, task.id);
+      return true;
+    case Deed::kHold:
+      Hold(*link, task);
+      return true;
+    case Deed::kEnable:
+      Enable(*link, task);
       return true;
     case Deed::kRelease:
       Release(link);
@@ -120,13 +143,15 @@ LRESULT CALLBACK AgentProcedure(HWND window, UINT message, WPARAM wParam, LPARAM
     const auto* create = reinterpret_cast<const CREATESTRUCTA*>(lParam);
     SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(create->lpCreateParams));
   }
-  if (message == DeedMessage()) {
-    auto* link = reinterpret_cast<Link*>(GetWindowLongPtrA(window, GWLP_USERDATA));
+  auto* link = reinterpret_cast<Link*>(GetWindowLongPtrA(window, GWLP_USERDATA));
+  if (message == DeedMessage())
     return link ? OnDeed(link, wParam, static_cast<std::uint32_t>(lParam)) : 0;
+  if (message == WM_TIMER && link) {
+    if (!OwnerLives(*link)) Release(link);
+    return 0;
   }
-  if (message == LaterMessage()) {
-    if (auto* link = reinterpret_cast<Link*>(GetWindowLongPtrA(window, GWLP_USERDATA)))
-      OnLater(link, wParam, lParam);
+  if (message == LaterMessage() && link) {
+    OnLater(link, wParam, lParam);
     return 0;
   }
   return DefWindowProcA(window, message, wParam, lParam);
@@ -153,8 +178,10 @@ HWND CreateAgent(Link* link) {
   info.hInstance = libraryInstance;
   info.lpszClassName = kAgentClass;
   RegisterClassA(&info);  // fails from the second time on
-  return CreateWindowExA(0, kAgentClass, "", WS_POPUP, 0, 0, 0, 0, nullptr, nullptr,
-                         libraryInstance, link);
+  const HWND agent = CreateWindowExA(0, kAgentClass, "", WS_POPUP, 0, 0, 0, 0, nullptr, nullptr,
+                                     libraryInstance, link);
+  if (agent) SetTimer(agent, 1, kWatchMs, nullptr);
+  return agent;
 }
 
 }  // namespace corvel::hook

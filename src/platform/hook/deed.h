@@ -9,6 +9,8 @@ namespace corvel::hook {
 enum class Deed : std::uint32_t {
   kEndDialog,    // window, number: the result
   kSetFocus,     // window
+  kHold,         // window, number: 1: it is about to be disabled, 0: it isn't any more. Enabled
+                 // again if the program dies
   kMenuOf,       // window -> menu
   kMenuCount,    // menu -> number or -1
   kSubMenu,      // menu, number: position -> menu
@@ -23,7 +25,7 @@ enum class Deed : std::uint32_t {
   kMenuDrawBar,  // window
   kListText,     // window: a list box, number: row -> text
   kComboText,    // window: a combo box, number: row -> text
-  kEnable,       // window, number: 0 or 1
+  kEnable,       // window: it takes input again, and is not held any more
   kShow,         // window, number: how
   kStopSound,    // the wave sound that the process plays
   kPresent,      // -> 1: the library is in

@@ -129,6 +129,7 @@ void Release(Link* link) {
   }
   UnhookAll(*state, *link);
   RemoveGuests(*link);
+  if (link->disabled) EnableWindow(link->disabled, TRUE);
   DestroyWindow(link->agent);
   FreeIfDone(link);
 }

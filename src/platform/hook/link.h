@@ -21,6 +21,7 @@ struct Link {
   HANDLE mapping = nullptr;
   Section* section = nullptr;
   HWND agent = nullptr, owner = nullptr;
+  HWND disabled = nullptr;  // by the program, and to be enabled again if it dies
   DWORD ownerThread = 0;
   std::uint32_t lastSequence = 0;
   std::uint32_t asks = 0;  // that wait right now, one inside the other

@@ -34,6 +34,13 @@ class Win32EventLoop : public EventLoop {
   // The process is to end: this and every later pump throws ProcessExit.
   void End() { ended_ = true; }
 
+  // What is to be done when the user's session ends. The system may end the process as soon as that
+  // comes back.
+  void SetSessionEnd(std::function<void()> sessionEnd) { sessionEnd_ = std::move(sessionEnd); }
+  void EndSession() {
+    if (sessionEnd_) sessionEnd_();
+  }
+
  private:
   bool DispatchWaiting();
   void Dispatch(MSG& message);
@@ -42,6 +49,7 @@ class Win32EventLoop : public EventLoop {
 
   std::vector<MessageFilter*> filters_;
   std::function<bool()> idle_;
+  std::function<void()> sessionEnd_;
   bool ended_ = false;
 };
 

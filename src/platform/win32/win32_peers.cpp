@@ -123,11 +123,15 @@ Win32Form* Win32Peers::Impl::FormHolding(HWND window) const {
 
 LRESULT CALLBACK Win32Peers::Impl::Procedure(HWND window, UINT id, WPARAM wParam, LPARAM lParam) {
   auto* self = reinterpret_cast<Impl*>(GetWindowLongPtrA(window, GWLP_USERDATA));
-  if (!self || id != kDeed) return DefWindowProcA(window, id, wParam, lParam);
-  return Callback::Run([self] { return self->DoOldest(), 0; });
+  if (self && id == kDeed) return Callback::Run([self] { return self->DoOldest(), 0; });
+  // Each window of the process is told, this one outlives all forms.
+  if (self && id == WM_ENDSESSION && wParam)
+    return Callback::Run([self] { return self->events.EndSession(), 0; });
+  return DefWindowProcA(window, id, wParam, lParam);
 }
 
-// Owns the forms that have no place in the task bar, and takes the deeds.
+// Owns the forms that have no place in the task bar, takes the deeds, and hears of the session's
+// end.
 void Win32Peers::Impl::CreateHiddenOwner() {
   if (set.hiddenOwner) return;
   WNDCLASSA made{};

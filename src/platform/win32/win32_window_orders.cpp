@@ -95,16 +95,20 @@ BOOL CALLBACK MatchCaption(HWND window, LPARAM search) {
 
 // --- State ---------------------------------------------------------------------------------------
 
-// What is taken from a client must be given back to it, even if it hangs just then: the library has
-// to be in before.
+// From here and not by the client's own hand, which would take the focus off with it. But the library
+// there, which has to be in before, knows what has been taken: it gives it back if we are killed, or
+// once a client that hangs just then goes on.
 void Win32WindowSystem::Enable(Window window, bool enabled) {
   const HWND handle = ToHwnd(window);
-  if (!enabled && IsWindow(handle) && !IsOurs(handle))
-    client_.Ask(handle, {.deed = Deed::kPresent});
-  if (TakesOrders(handle))
+  const bool isForeign = IsWindow(handle) && !IsOurs(handle);
+  const DeedRequest hold{.deed = Deed::kHold, .handle = window.value, .number = enabled ? 0 : 1};
+  if (isForeign && !enabled) client_.Ask(handle, hold);
+  if (TakesOrders(handle)) {
     EnableWindow(handle, enabled);
-  else if (enabled)
+    if (isForeign && enabled) client_.Ask(handle, hold);
+  } else if (enabled) {
     client_.Later(handle, Deed::kEnable, 1);
+  }
   Callback::Rethrow();
 }
 
