@@ -95,9 +95,9 @@ BOOL CALLBACK MatchCaption(HWND window, LPARAM search) {
 
 // --- State ---------------------------------------------------------------------------------------
 
-// From here and not by the client's own hand, which would take the focus off with it. But the library
-// there, which has to be in before, knows what has been taken: it gives it back if we are killed, or
-// once a client that hangs just then goes on.
+// From here and not by the client's own hand, which would take the focus off with it. But the
+// library there, which has to be in before, knows what has been taken: it gives it back if we are
+// killed, or once a client that hangs just then goes on.
 void Win32WindowSystem::Enable(Window window, bool enabled) {
   const HWND handle = ToHwnd(window);
   const bool isForeign = IsWindow(handle) && !IsOurs(handle);
