@@ -4,6 +4,7 @@
 #include "platform/hook/menu_deeds.h"
 #include "platform/win32/callback.h"
 #include "platform/win32/handles.h"
+#include "platform/win32/win32_window_system.h"
 
 #include <vector>
 
@@ -11,12 +12,6 @@ namespace corvel::win32 {
 namespace {
 
 constexpr std::uint32_t kNone = 0xFFFFFFFF;
-
-bool IsOurs(HWND window) {
-  DWORD process = 0;
-  GetWindowThreadProcessId(window, &process);
-  return process == GetCurrentProcessId();
-}
 
 // The same as the library does, here.
 DeedReply DoHere(const DeedRequest& request) {
