@@ -6,6 +6,7 @@
 #include "tools/scenario_run.h"
 
 #include <algorithm>
+#include <exception>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
@@ -114,11 +115,28 @@ ScenarioVerdict PlayScenarioFile(Stage& stage, const std::string& path,
       options);
 }
 
+namespace {
+
+// What the stage itself can't do is said of the file, and the others are played all the same.
+ScenarioVerdict PlayOnNewStage(const MakeStage& makeStage, const std::string& file,
+                               const ScenarioOptions& options) {
+  try {
+    return PlayScenarioFile(*makeStage(), file, options);
+  } catch (const std::exception& error) {
+    ScenarioVerdict verdict;
+    verdict.exitCode = kUnreadable;
+    verdict.messages = {file + ": " + error.what()};
+    return verdict;
+  }
+}
+
+}  // namespace
+
 int PlayScenarioFiles(const std::vector<std::string>& files, const MakeStage& makeStage,
                       const ScenarioOptions& options) {
   int exitCode = kHeld;
   for (const std::string& file : files) {
-    const ScenarioVerdict verdict = PlayScenarioFile(*makeStage(), file, options);
+    const ScenarioVerdict verdict = PlayOnNewStage(makeStage, file, options);
     if (!verdict.skipped.empty()) std::cout << verdict.skipped << '\n';
     std::cout.flush();
     for (const std::string& message : verdict.messages) std::cerr << message << '\n';

@@ -172,6 +172,13 @@ bool Process::EndsWell(DWORD milliseconds) const {
   return Ends(milliseconds) && GetExitCodeProcess(process_.hProcess, &code) && code == 0;
 }
 
+std::int64_t Process::EndedAtMs() const {
+  FILETIME made{}, ended{}, inSystem{}, inUse{};
+  GetProcessTimes(process_.hProcess, &made, &ended, &inSystem, &inUse);
+  const std::int64_t high = ended.dwHighDateTime;
+  return (high << 32 | ended.dwLowDateTime) / 10'000;
+}
+
 void Process::Kill() const {
   TerminateProcess(process_.hProcess, 9);
   Ends(kPatience);

@@ -34,6 +34,7 @@ class Process {
 
   bool Ends(DWORD milliseconds = kPatience) const;
   bool EndsWell(DWORD milliseconds = kPatience) const;  // by itself, with the exit code 0
+  std::int64_t EndedAtMs() const;  // of one that has ended; milliseconds of the system's clock
   void Kill() const;
   std::vector<HWND> Windows() const;  // top-level ones, hidden ones too
   // Everything that it shows takes messages.

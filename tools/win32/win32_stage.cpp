@@ -142,9 +142,23 @@ void Win32Stage::InstallClient(bool start) {
   CopyProgram(folder_ + "\\practice.exe", kClientProgram);
   CopyProgram(folder_ + "\\aol.exe", "C:\\AOL\\aol.exe");
   if (!start) return;
-  home_.platform().processes.Run(kClientProgram, show::kNormal);
+  if (!home_.platform().processes.Run(kClientProgram, show::kNormal))
+    throw std::runtime_error(std::string("can't start ") + kClientProgram);
   if (!channel_.WaitUntilThere(kClientComesMs))
-    throw std::runtime_error("the practice client does not come up");
+    throw std::runtime_error("the practice client does not come up; " + WhatClientSays());
+}
+
+std::string Win32Stage::WhatClientSays() {
+  if (const HWND box = FindWindowA("#32770", "Practice client")) {
+    char text[512] = "";
+    SendDlgItemMessageA(box, 0xFFFF, WM_GETTEXT, sizeof text, reinterpret_cast<LPARAM>(text));
+    return std::string("it says: ") + text;
+  }
+  const auto processes = home_.platform().processes.Snapshot();
+  const bool runs = processes && std::any_of(processes->begin(), processes->end(), [](auto& one) {
+                      return EqualNoCase(one.path, kClientProgram);
+                    });
+  return runs ? "it runs without a word" : "it has ended";
 }
 
 void Win32Stage::WritePracticeSettings() {

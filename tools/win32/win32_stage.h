@@ -120,6 +120,7 @@ class Win32Stage : public Stage {
 
   void InstallClient(bool start) override;
   void WritePracticeSettings();
+  std::string WhatClientSays();
   void StartProgram(const std::string& commandLine);
   Deed Post(std::function<void()> run);
   Deed Done(const win32::Win32Peers::Done& done);
