@@ -39,12 +39,13 @@ bool PracticeChannel::WaitUntilThere(std::uint32_t milliseconds) {
   return true;
 }
 
+// The client may wait for us in turn: when it comes to the front it tells whoever was there.
 void PracticeChannel::Wait() {
   constexpr DWORD kNap = 5;
-  if (whileWaiting_)
-    whileWaiting_();
-  else
-    Sleep(kNap);
+  if (whileWaiting_) return whileWaiting_();
+  MsgWaitForMultipleObjects(0, nullptr, FALSE, kNap, QS_SENDMESSAGE);
+  MSG message;
+  PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE);  // takes what has been sent
 }
 
 std::optional<Words> PracticeChannel::Request(const Words& words) {

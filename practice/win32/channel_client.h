@@ -18,7 +18,8 @@ class PracticeChannel {
   using Seen = std::pair<std::string, Words>;  // kind, words
 
   // `whileWaiting` is called over and over until a command has been run: it should let the asker's
-  // own events happen, and may throw to give up. Without one the thread sleeps in between.
+  // own events happen, and may throw to give up. Without one only what is sent to the thread's
+  // windows is taken.
   explicit PracticeChannel(std::function<void()> whileWaiting = {});
 
   // The client of this machine that takes questions; false if none runs (any more).
