@@ -70,10 +70,7 @@ void AolClient::ReadSignOnNames() {
   // Of a client that nobody knows there is no title to look for.
   if (g.strings.AOLSignOnTitle.empty()) return;
   for (int failures = 0; !g.Unloading;) {
-    if (!program_.platform.windows.Exists(g.hAOL)) {
-      UnloadAllForms(program_, false);
-      EndProgram();
-    }
+    if (!program_.platform.windows.Exists(g.hAOL)) StopProgram(program_);
     const Window window = SignOnWindow(program_);
     if (!window) {
       if (IsAOLOnline(false)) return;  // the user has signed on meanwhile: no such window comes

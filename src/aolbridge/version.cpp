@@ -79,8 +79,7 @@ void WaitForMenus(Program& program) {
            "~B~CRAOL 6.0 Detected!~B~CN~N ~NThis version of Corvel 32 is not yet compatible with "
            "AOL 6.0.",
            style::kOk + style::kExclamation);
-  UnloadAllForms(program, false);
-  EndProgram();
+  StopProgram(program);
 }
 
 [[noreturn]] void RefuseGermanClient(Program& program) {
@@ -90,8 +89,7 @@ void WaitForMenus(Program& program) {
       "Bitte schreiben Sie an ~B~CBsupport@qrvsoftware.com~B~CN " +
       std::string("für AOLSOFTWARE-Alternativen."_cp) + "~N ~NAbbrechenstart.";
   MsgBoxEx(program, text, style::kOk + style::kExclamation);
-  UnloadAllForms(program, false);
-  EndProgram();
+  StopProgram(program);
 }
 
 }  // namespace

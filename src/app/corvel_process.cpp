@@ -14,9 +14,7 @@ namespace {
 // procedure that it has left. That can't be run again from here: retrying goes on, too.
 void ReportUnhandled(Program& program, const RunTimeError& error, const char* form,
                      const char* procedure) {
-  if (ReportError(program, {form, procedure}, error) != ErrorAnswer::kStop) return;
-  UnloadAllForms(program, false);
-  EndProgram();
+  if (ReportError(program, {form, procedure}, error) == ErrorAnswer::kStop) StopProgram(program);
 }
 
 // Long fades let what is due happen on their way.
@@ -49,7 +47,10 @@ void CorvelProcess::Start() {
   }
 }
 
-void CorvelProcess::EndSession() { UnloadAllForms(program_, false); }
+void CorvelProcess::EndSession() {
+  UnloadAllForms(program_, false);
+  FinishWayDown(program_);
+}
 
 bool CorvelProcess::Finished() const {
   return !running_ || (program_.forms.All().empty() && !program_.forms.InEvent());

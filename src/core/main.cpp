@@ -188,31 +188,45 @@ void Start(Program& program) {
 
 // --- The way down --------------------------------------------------------------------------------
 
-// Gives the client back what it must have, in an order that others rely on: IMs first, since their
-// windows sit in ours, the proxy last, since it serves all the rest.
-void TearDown(Program& program) {
-  Globals& g = program.g;
-  Platform& platform = program.platform;
-  frmCV7* const toolbar = program.forms.Loaded<frmCV7>();
-  g.Closing = true;
-  platform.windows.Enable(g.hAOL, true);
+// What the client must have back, in an order that others rely on: IMs first, since their windows
+// sit in ours, the proxy last, since it serves all the rest. Each step may come a second time.
+void GiveBackWindows(Program& program) {
+  program.platform.windows.Enable(program.g.hAOL, true);
   if (program.settings.IM.TabsOn) GoOn([&] { CallSlot(program.hub.GiveBackIMs); });
-  Pause(program, 0.5);
-  if (toolbar) {
-    toolbar->DisableTimers();
-    CallSlot(program.hub.TakeDownAccess);
-    toolbar->Hide();
-  }
-  Pause(program, 0.5);
-  if (toolbar && g.IsVersion4Or5()) toolbar->chat.Detach();
-  Pause(program, 0.1);
-  platform.sound.Stop();
-  platform.proxy.Detach();
+}
+
+void TakeDownToolbar(Program& program) {
+  frmCV7* const toolbar = program.forms.Loaded<frmCV7>();
+  if (!toolbar) return;
+  toolbar->DisableTimers();
+  CallSlot(program.hub.TakeDownAccess);
+  toolbar->Hide();
+}
+
+void LetGoOfRoom(Program& program) {
+  frmCV7* const toolbar = program.forms.Loaded<frmCV7>();
+  if (toolbar && program.g.IsVersion4Or5()) toolbar->chat.Detach();
+}
+
+void LetGoOfClient(Program& program) {
+  program.platform.sound.Stop();
+  program.platform.proxy.Detach();
   const std::string sessionIgnores = program.InFolder("data\\ignoretemp.dat");
   GoOn([&] {
-    if (FileExists(program, sessionIgnores)) platform.files.Delete(sessionIgnores);
+    if (FileExists(program, sessionIgnores)) program.platform.files.Delete(sessionIgnores);
   });
-  g.Unloading = true;
+  program.g.Unloading = true;
+}
+
+void TearDown(Program& program) {
+  program.g.Closing = true;
+  GiveBackWindows(program);
+  Pause(program, 0.5);
+  TakeDownToolbar(program);
+  Pause(program, 0.5);
+  LetGoOfRoom(program);
+  Pause(program, 0.1);
+  LetGoOfClient(program);
 }
 
 bool UserWantsToExit(Program& program) {
@@ -246,6 +260,20 @@ void UnloadAllForms(Program& program, bool ask) {
   const forms::Forms::EventScope scope(program.forms);  // frmCV7 outlives its own unloading here
   TearDown(program);
   program.forms.UnloadAll();
+}
+
+void FinishWayDown(Program& program) {
+  if (!program.g.Closing || program.g.Unloading) return;
+  GiveBackWindows(program);
+  TakeDownToolbar(program);
+  LetGoOfRoom(program);
+  LetGoOfClient(program);
+}
+
+void StopProgram(Program& program) {
+  UnloadAllForms(program, false);
+  FinishWayDown(program);
+  EndProgram();
 }
 
 }  // namespace corvel

@@ -13,4 +13,10 @@ void Main(Program& program);
 // asked first, and nothing happens unless the answer is Yes.
 void UnloadAllForms(Program& program, bool ask);
 
+// For who can't wait until a way down that waits beneath him goes on: gives everything back now.
+void FinishWayDown(Program& program);
+
+// The way down without a question, then the end of the process, whatever is under way.
+[[noreturn]] void StopProgram(Program& program);
+
 }  // namespace corvel

@@ -38,8 +38,7 @@ bool Reported(Program& program, const ErrorPlace& place, const std::function<voi
       case ErrorAnswer::kRetry:
         continue;
       case ErrorAnswer::kStop:
-        UnloadAllForms(program, false);
-        EndProgram();
+        StopProgram(program);
       case ErrorAnswer::kGoOn:
         return false;
     }

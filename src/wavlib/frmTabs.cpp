@@ -125,8 +125,7 @@ void frmTabs::Form_Load() {
     MsgBoxEx(program,
              "Corvel has trapped a memory error.  This error is probably not in your computer.",
              style::kOk + style::kStop);
-    UnloadAllForms(program, false);
-    EndProgram();
+    StopProgram(program);
   }
 }
 

@@ -1,8 +1,12 @@
 #include "core/helpers.h"
 
+#include "core/frmCV7.h"
 #include "core/looks.h"
+#include "core/main.h"
 #include "core/start_checks.h"
 #include "tests/core/core_fixture.h"
+
+#include <utility>
 
 namespace corvel {
 namespace {
@@ -141,6 +145,25 @@ TEST_F(HelpersTest, ButtonsAreColouredByLookAndCountry) {
       EXPECT_EQ(form->button.State().look.caption, c.caption);
     }
   });
+}
+
+// The user answers "stop" while an earlier way down waits: that one won't come to its end.
+TEST_F(HelpersTest, WhoeverStopsTheProgramOnItsWayDownGivesAllBackFirst) {
+  program_->settings.IM.TabsOn = true;
+  int takenDown = 0;
+  bool stopped = false;
+  program_->hub.TakeDownAccess = [&] { ++takenDown; };
+  program_->hub.GiveBackIMs = [&] {
+    if (std::exchange(stopped, true)) return;
+    EXPECT_THROW(StopProgram(*program_), ProcessExit);
+    EXPECT_EQ(takenDown, 1);
+    EXPECT_TRUE(program_->g.Unloading);
+  };
+  As([&] {
+    program_->forms.LoadNew<frmCV7>(*program_);
+    UnloadAllForms(*program_, false);
+  });
+  EXPECT_TRUE(stopped);
 }
 
 }  // namespace
