@@ -172,6 +172,8 @@ bool frmCV7::Form_QueryUnload(bool byUser) {
 }
 
 void frmCV7::Form_Unload() {
+  // Going with the client it may overtake a way down that waits, and would not be found by it.
+  if (!program.g.Unloading) CallSlot(program.hub.TakeDownAccess);
   Pause(program, 0.5);
   UnhookSeven();
   Pause(program, 0.5);

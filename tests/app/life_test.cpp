@@ -247,6 +247,22 @@ TEST(Life, AClientThatVanishesTakesAnOpenMessageAlong) {
   EXPECT_EQ(life.stage.desk().LeftOpen(0), std::vector<std::string>{});
 }
 
+TEST(Life, AClientThatIsClosedTwiceLeavesNoTrayIcon) {
+  Life life;
+  life.stage.desk().registry().Write("Software\\QRV Software\\Corvel\\Toolbar", "MenuAccess",
+                                     {ValueType::kText, std::string("Tray\0", 5)});
+  life.PutClient();
+  life.Start();
+  life.stage.desk().RunFor(3000);
+  ASSERT_TRUE(life.stage.HasTrayIcon());
+  auto& windows = life.stage.desk().windows();
+  for (int time = 0; time < 2; ++time)
+    windows.Post(windows.Find("AOL Frame25", std::nullopt), wm::kClose, 0, 0);
+  life.stage.desk().RunFor(10000);
+  EXPECT_FALSE(life.Runs());
+  EXPECT_EQ(life.stage.desk().LeftOpen(0), std::vector<std::string>{});
+}
+
 TEST(Life, InvitationsAreDismissedIfTheUserWantsThat) {
   for (const bool dismiss : {true, false}) {
     Life life;
