@@ -192,7 +192,7 @@ TEST(Life, AClientThatHangsAtAnyMomentIsTakenUpAgain) {
       life.PutClient();
       life.Start();
       ASSERT_EQ(life.stage.Client()->Do({"room", "The Lobby", "Ann"}).error, "");
-      life.stage.HangClient({.afterMs = at, .forMs = 8000});
+      life.stage.HangClient({.afterMs = at, .forMs = 8500});
       life.stage.desk().RunFor(17'000);
       ASSERT_TRUE(life.Runs() && life.stage.desk().peers().FindForm("frmCV7"));
       ASSERT_EQ(life.stage.HookCount(), 5);
@@ -206,7 +206,7 @@ TEST(Life, AClientThatHangsAtAnyMomentIsTakenUpAgain) {
 struct HangsBehindItsAnswer : HookHandler {
   explicit HangsBehindItsAnswer(tools::DeskStage& known) : stage(known) {}
   void OnHookedMessage(HookedMessage&) override {
-    if (hangs++ == 0) stage.HangClient({.forMs = 5150});
+    if (hangs++ == 0) stage.HangClient({.forMs = 7150});
   }
   tools::DeskStage& stage;
   int hangs = 0;

@@ -173,11 +173,11 @@ void AClientThatDiesLeavesNothingToWaitFor() {
 void AClientThatHangsIsGivenUpAndTakenUpAgain() {
   Program p;
   Handler handler;
-  p.client.Post(kSleep, 6500);
+  p.client.Post(kSleep, 9000);
   PumpFor(100);
   HookId hook = 0;
   DWORD passed = TimeOf([&] { hook = p.Hook(p.client.box, handler); });
-  CHECK_SEEN(hook == 0 && passed < 6000, passed);
+  CHECK_SEEN(hook == 0 && passed < 8000, passed);
   passed = TimeOf([&] { hook = p.Hook(p.client.box, handler); });
   CHECK_SEEN(hook == 0 && passed < 100, passed);
   p.client.Settle();
@@ -217,13 +217,13 @@ void WhatWasTakenComesBackAfterAHang() {
     windows.Enable(frame, false);
     windows.Show(FromHwnd(client.room), SW_HIDE);
     CHECK(!IsWindowEnabled(client.frame) && AgentOf(client));
-    client.Post(kSleep, 7000);
+    client.Post(kSleep, 9000);
     PumpFor(100);
     const DWORD passed = TimeOf([&] {
       windows.Enable(frame, true);
       windows.Show(FromHwnd(client.room), SW_SHOW);
     });
-    CHECK_SEEN(passed < 6000, passed);
+    CHECK_SEEN(passed < 8000, passed);
   }
   CHECK(!IsWindowEnabled(client.frame));
   client.Settle();

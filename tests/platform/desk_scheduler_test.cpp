@@ -64,12 +64,12 @@ TEST_F(DeskScheduler, TimersAreNotMadeUpForAndHaveAFloor) {
   desk.RunFor(25);
   EXPECT_EQ(said, (Log{"10:1", "20:1"}));
   said.clear();
-  // A message to a hung process holds the program up for five seconds.
+  // A message to a hung process holds the program up for seven seconds.
   desk.windows().SetHung(home.otherId, true);
   const Window frame = home.other().Make("f", {.className = "F", .caption = {}, .systemClass = {}});
   RunAsProgram([&] { platform.windows.Send(frame, wm::kUser, 0, 0); });
   desk.RunFor(20);
-  EXPECT_EQ(said, (Log{"5025:1", "5035:1", "5045:1"}));
+  EXPECT_EQ(said, (Log{"7025:1", "7035:1", "7045:1"}));
 }
 
 TEST_F(DeskScheduler, WhatIsPostedInARoundWaitsForTheNext) {
@@ -190,7 +190,7 @@ TEST_F(DeskScheduler, AHungProcessGetsItsThingsLater) {
   desk.windows().SetHung(home.otherId, true);
   EXPECT_TRUE(platform.windows.Post(frame, wm::kUser, 1, 0));
   RunAsProgram([&] { EXPECT_EQ(platform.windows.Send(frame, wm::kUser + 1, 0, 0), 0); });
-  EXPECT_EQ(desk.NowMs(), begin + 5000);
+  EXPECT_EQ(desk.NowMs(), begin + 7000);
   desk.RunFor(100);
   EXPECT_EQ(home.other().TakeLog(), Log{});
   EXPECT_TRUE(platform.windows.Exists(frame));

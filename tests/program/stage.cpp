@@ -11,7 +11,7 @@
 namespace corvel::test {
 namespace {
 
-constexpr DWORD kBetweenLooks = 5;
+constexpr DWORD kBetweenLooks = 5, kStarts = 2000;
 constexpr char kFormClass[] = "CorvelForm", kMenuClass[] = "#32768";
 constexpr char kAgentClass[] = "Corvel.Hook.Agent";
 constexpr char kSettings[] = "Software\\QRV Software\\Corvel\\";
@@ -152,9 +152,16 @@ Process::Process(const std::string& path, const std::string& arguments) {
   std::string line = path + (arguments.empty() ? "" : " " + arguments);
   STARTUPINFOA start{};
   start.cb = sizeof start;
-  if (!CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr,
-                      path.substr(0, path.rfind('\\')).c_str(), &start, &process_))
-    throw std::runtime_error(path + " can't be started");
+  const std::string folder = path.substr(0, path.rfind('\\'));
+  // A file that has just been written may still be held for a moment.
+  const bool started = Until(
+      [&] {
+        return CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr,
+                              folder.c_str(), &start, &process_) != FALSE;
+      },
+      kStarts);
+  if (!started)
+    throw std::runtime_error(path + " can't be started: " + std::to_string(GetLastError()));
 }
 
 Process::~Process() {

@@ -14,6 +14,8 @@
 namespace corvel::tools {
 namespace {
 
+constexpr int kMostStarts = 20;
+constexpr DWORD kBetweenStartsMs = 100;
 constexpr std::uint32_t kClientComesMs = 20'000, kProcessEndsMs = 5000;
 constexpr std::int64_t kLongestHangMs = 60'000;
 constexpr char kNotRunning[] = "the client is not running";
@@ -142,10 +144,17 @@ void Win32Stage::InstallClient(bool start) {
   CopyProgram(folder_ + "\\practice.exe", kClientProgram);
   CopyProgram(folder_ + "\\aol.exe", "C:\\AOL\\aol.exe");
   if (!start) return;
-  if (!home_.platform().processes.Run(kClientProgram, show::kNormal))
-    throw std::runtime_error(std::string("can't start ") + kClientProgram);
+  StartClient();
   if (!channel_.WaitUntilThere(kClientComesMs))
     throw std::runtime_error("the practice client does not come up; " + WhatClientSays());
+}
+
+// The file has just been written, and may still be held for a moment.
+void Win32Stage::StartClient() {
+  for (int tries = 0; tries < kMostStarts; ++tries, Sleep(kBetweenStartsMs))
+    if (home_.platform().processes.Run(kClientProgram, show::kNormal)) return;
+  throw std::runtime_error(std::string("can't start ") + kClientProgram + ", error " +
+                           std::to_string(GetLastError()));
 }
 
 std::string Win32Stage::WhatClientSays() {

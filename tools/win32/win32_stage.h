@@ -120,6 +120,7 @@ class Win32Stage : public Stage {
 
   void InstallClient(bool start) override;
   void WritePracticeSettings();
+  void StartClient();
   std::string WhatClientSays();
   void StartProgram(const std::string& commandLine);
   Deed Post(std::function<void()> run);

@@ -4,8 +4,8 @@
 namespace corvel::desk {
 namespace {
 
-// From then on it counts as hung, and nobody waits for it.
-constexpr std::int64_t kGivenUpAfterMs = 5000;
+// From then on it counts as hung, and nobody begins to wait for it; and so long one waits.
+constexpr std::int64_t kCountsAsHungMs = 5000, kLongestAnswerMs = 7000;
 
 // A text is cut at its NUL, as every call with a C text cuts it.
 std::string_view CText(std::string_view text) { return text.substr(0, text.find('\0')); }
@@ -13,9 +13,10 @@ std::string_view CText(std::string_view text) { return text.substr(0, text.find(
 }  // namespace
 
 bool DeskWindows::Impl::Answers(const Process& process) {
+  const std::int64_t begin = core().clock.NowMs(), givenUpAt = begin + kLongestAnswerMs;
   while (process.hung && process.TakesCalls() && &process != &core().processes.Current()) {
-    const std::int64_t givenUpAt = process.hungSince + kGivenUpAfterMs;
-    if (core().clock.NowMs() >= givenUpAt) return false;
+    const bool countsAsHung = begin >= process.hungSince + kCountsAsHungMs;
+    if (countsAsHung || core().clock.NowMs() >= givenUpAt) return false;
     core().scheduler->LetWorldGoOn(givenUpAt);
   }
   return process.TakesCalls();

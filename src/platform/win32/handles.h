@@ -8,6 +8,11 @@
 
 namespace corvel::win32 {
 
+// So long another process may take for what we ask of it: a hang of five seconds loses nothing. One
+// that hasn't looked at its messages for five seconds when it is asked counts as hung, and is given
+// up at once: so it holds us up for this long, and no longer however much we ask of it.
+inline constexpr UINT kLongestAnswerMs = 7000;
+
 inline HWND ToHwnd(Window window) {
   return reinterpret_cast<HWND>(static_cast<std::intptr_t>(static_cast<std::int32_t>(window.value)));
 }

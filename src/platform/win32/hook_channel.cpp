@@ -10,7 +10,6 @@ namespace corvel::win32 {
 namespace {
 
 constexpr char kOwnerClass[] = "Corvel.Hook.Owner";
-constexpr UINT kEnterMs = 5000;  // as long as for all that is asked of a client
 
 UINT AskMessage() {
   static const UINT message = RegisterWindowMessageA(hook::kAskMessage);
@@ -83,7 +82,7 @@ bool HookLibrary::Enter(HWND window, DWORD thread, DWORD link) {
   DWORD_PTR reply = 0;
   return carrier &&
          SendMessageTimeoutA(window, message, GetCurrentProcessId(), static_cast<LPARAM>(link),
-                             SMTO_NORMAL | SMTO_ABORTIFHUNG, kEnterMs, &reply);
+                             SMTO_NORMAL | SMTO_ABORTIFHUNG, kLongestAnswerMs, &reply);
 }
 
 HookChannel::~HookChannel() {

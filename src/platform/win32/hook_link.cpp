@@ -1,15 +1,13 @@
 // Links; see hook_link.h.
 #include "platform/win32/hook_link.h"
 
+#include "platform/win32/handles.h"
+
 #include <algorithm>
 #include <cstring>
 
 namespace corvel::win32 {
 namespace {
-
-// The same as after which a client that doesn't look at its messages counts as hung, and is given
-// up at once.
-constexpr UINT kClientMs = 5000;
 
 std::string NameOfSection(DWORD number) {
   char name[64];
@@ -68,9 +66,9 @@ bool HookLink::Send(hook::DeedSlot& slot, std::size_t index) {
   const std::uint32_t sequence = lastSequence_;
   hook::Set(slot.sequence, sequence);
   DWORD_PTR reply = 0;
-  const LRESULT sent = SendMessageTimeoutA(hook::ToHandle<HWND>(section()->agent), message, index,
-                                           static_cast<LPARAM>(sequence),
-                                           SMTO_NORMAL | SMTO_ABORTIFHUNG, kClientMs, &reply);
+  const LRESULT sent = SendMessageTimeoutA(
+      hook::ToHandle<HWND>(section()->agent), message, index, static_cast<LPARAM>(sequence),
+      SMTO_NORMAL | SMTO_ABORTIFHUNG, kLongestAnswerMs, &reply);
   hook::Set(slot.sequence, 0U);  // one that comes too late means nothing
   return sent && reply == sequence;
 }

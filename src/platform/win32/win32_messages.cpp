@@ -9,10 +9,6 @@
 namespace corvel::win32 {
 namespace {
 
-// The same as after which a process that doesn't look at its messages counts as hung, and is given
-// up at once: so one that hangs holds us up for this long, and no longer however much we ask it.
-constexpr UINT kLongestAnswer = 5000;
-
 // The part in front of the NUL, as every call with a C text takes it.
 std::string CText(std::string_view text) { return std::string(text.substr(0, text.find('\0'))); }
 
@@ -30,7 +26,7 @@ std::optional<LRESULT> Ask(HWND window, UINT id, WPARAM wParam, LPARAM lParam) {
   } else {
     DWORD_PTR result = 0;
     if (SendMessageTimeoutA(window, id, wParam, lParam, SMTO_ABORTIFHUNG | SMTO_NORMAL,
-                            kLongestAnswer, &result))
+                            kLongestAnswerMs, &result))
       answer = static_cast<LRESULT>(result);
   }
   Callback::Rethrow();
