@@ -266,7 +266,9 @@ void frmCV7::sbcMenu_WndMessage(LParam value) {
     Pause(program, 1);
     platform().windows.Post(client, wm::kClose, 0, 0);
   }
-  Unload();
+  // A way down that waits beneath, or for the user's answer to a window, has no client to wait for.
+  FinishWayDown(program);
+  program.forms.UnloadAll();
 }
 
 }  // namespace corvel
