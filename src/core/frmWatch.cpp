@@ -10,11 +10,22 @@ frmWatch::frmWatch(Program& p) : ProgramForm(p, "frmWatch"), Timer1(*this, "Time
 }
 
 void frmWatch::Timer1_Timer() {
-  const frmCV7* const toolbar = program.forms.Loaded<frmCV7>();
-  if (!toolbar) return;
   WindowSystem& windows = platform().windows;
-  if (!windows.Exists(toolbar->Handle()) || !windows.Exists(program.g.hAOL))
+  const bool clientIsGone = !windows.Exists(program.g.hAOL);
+  if (program.g.Closing) {
+    if (clientIsGone) EndWaits();
+    return;
+  }
+  const frmCV7* const toolbar = program.forms.Loaded<frmCV7>();
+  if (toolbar && (clientIsGone || !windows.Exists(toolbar->Handle())))
     UnloadAllForms(program, false);
+}
+
+// A way down may wait beneath windows that wait for the user. Without a client there is nothing
+// left to wait for.
+void frmWatch::EndWaits() {
+  FinishWayDown(program);
+  program.forms.UnloadAll();
 }
 
 }  // namespace corvel

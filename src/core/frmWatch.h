@@ -18,6 +18,7 @@ class frmWatch : public ProgramForm {
 
  private:
   void Timer1_Timer();
+  void EndWaits();
 };
 
 }  // namespace corvel
