@@ -172,8 +172,6 @@ bool frmCV7::Form_QueryUnload(bool byUser) {
 }
 
 void frmCV7::Form_Unload() {
-  // Going with the client it may overtake a way down that waits, and would not be found by it.
-  if (!program.g.Unloading) CallSlot(program.hub.TakeDownAccess);
   Pause(program, 0.5);
   UnhookSeven();
   Pause(program, 0.5);
@@ -257,11 +255,8 @@ void frmCV7::sbcMenu_WndMessage(LParam value) {
     return;
   }
   UnhookSubclasses();
-  if (!closing_) {
-    closing_ = true;
-    program.g.AOLClosing = true;
-    UnloadAllForms(program, false);
-  }
+  program.g.AOLClosing = true;
+  UnloadAllForms(program, false);
   if (const Window client = FindClientFrame(program)) {
     Pause(program, 1);
     platform().windows.Post(client, wm::kClose, 0, 0);

@@ -69,8 +69,6 @@ class frmCV7 : public ProgramForm {
   void CloseIgnoredIM();
   void sbcMenu_WndMessageX(HookedMessage& message);
   void sbcMenu_WndMessage(LParam value);
-
-  bool closing_ = false;
 };
 
 }  // namespace corvel

@@ -74,7 +74,6 @@ class Chat : public ChatLineHandler {
   void Attach(Window room);  // instead of any earlier one
   void Detach() noexcept;
   void Renew();  // as SubClass::Renew
-  bool IsAttached() const { return hook_ != 0; }
   std::function<void(std::string_view sender, std::string_view text)> onChatMsg;
 
  private:
