@@ -32,11 +32,6 @@ bool HasCheckState(ControlKind kind) {
   return kind == ControlKind::kCheckBox || kind == ControlKind::kOptionButton;
 }
 
-bool HasRows(ControlKind kind) {
-  return kind == ControlKind::kListBox || kind == ControlKind::kComboBox ||
-         kind == ControlKind::kListView || kind == ControlKind::kTabStrip;
-}
-
 }  // namespace
 
 std::optional<ControlName> ParseControlName(std::string_view text) {

@@ -8,6 +8,7 @@
 
 #include "platform/window_types.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -92,6 +93,18 @@ struct ControlState {
   ButtonLook look{};
   FontStyle font{};
 };
+
+// "cmdSend", "Command1(1)".
+inline std::string NameOf(const ControlState& state) {
+  return state.index < 0 ? state.name : state.name + "(" + std::to_string(state.index) + ")";
+}
+inline bool HasRows(ControlKind kind) {
+  return kind == ControlKind::kListBox || kind == ControlKind::kComboBox ||
+         kind == ControlKind::kListView || kind == ControlKind::kTabStrip;
+}
+inline bool HasRow(const ControlState& state, int row) {
+  return row >= 0 && static_cast<std::size_t>(row) < state.items.size();
+}
 
 enum class Key {
   kEnter,

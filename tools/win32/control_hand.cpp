@@ -117,15 +117,6 @@ Spot BesideSpot(HMENU menu) {
   return first;
 }
 
-bool HasRows(ControlKind kind) {
-  return kind == ControlKind::kListBox || kind == ControlKind::kListView ||
-         kind == ControlKind::kComboBox || kind == ControlKind::kTabStrip;
-}
-
-bool HasRow(const ControlState& state, int row) {
-  return row >= 0 && static_cast<std::size_t>(row) < state.items.size();
-}
-
 }  // namespace
 
 std::optional<ControlHand::Control> ControlHand::Find(Window control) const {

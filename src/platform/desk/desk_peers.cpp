@@ -9,19 +9,6 @@
 namespace corvel::desk {
 namespace {
 
-std::string NameOf(const ControlState& state) {
-  return state.index < 0 ? state.name : state.name + "(" + std::to_string(state.index) + ")";
-}
-
-bool HasRows(ControlKind kind) {
-  return kind == ControlKind::kListBox || kind == ControlKind::kComboBox ||
-         kind == ControlKind::kListView || kind == ControlKind::kTabStrip;
-}
-
-bool HasRow(const ControlState& state, int row) {
-  return row >= 0 && static_cast<std::size_t>(row) < state.items.size();
-}
-
 void EditKey(DeskControl& control, Key key) {
   std::string text = control.State().text;
   if (key == Key::kBackspace) {

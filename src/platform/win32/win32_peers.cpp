@@ -16,19 +16,6 @@ namespace {
 
 constexpr UINT kDeed = WM_APP + 0x0C2;  // to the hidden window: the oldest deed is to be done
 
-std::string NameOf(const ControlState& state) {
-  return state.index < 0 ? state.name : state.name + "(" + std::to_string(state.index) + ")";
-}
-
-bool HasRows(ControlKind kind) {
-  return kind == ControlKind::kListBox || kind == ControlKind::kComboBox ||
-         kind == ControlKind::kListView || kind == ControlKind::kTabStrip;
-}
-
-bool HasRow(const ControlState& state, int row) {
-  return row >= 0 && static_cast<std::size_t>(row) < state.items.size();
-}
-
 bool IsPopupMenuOpen() { return IsWindowVisible(FindWindowA("#32768", nullptr)) != FALSE; }
 
 struct KeyCode {
