@@ -23,6 +23,7 @@ frmMain::frmMain(Program& p)
   lblTitle.SetFont(bold);
   lblFact.SetFont(bold);
   lblTipText.SetWordWrap(true);
+  lblTipText.SetMnemonic(false);
   prgStatus.SetAccessibleName("Progress of the start");
 }
 
