@@ -25,6 +25,7 @@ frmMain::frmMain(Program& p)
   lblTitle.SetFont(bold);
   lblFact.SetFont(bold);
   lblTipText.SetWordWrap(true);
+  lblTipText.SetMnemonic(false);
   prgStatus.SetAccessibleName("Progress of the start");
   cmdExit.SetVisible(false);
   cmdExit.SetCancel(true);

@@ -74,6 +74,7 @@ frmTabs::frmTabs(Program& program, AolClient& client, Fader& fader)
 }
 
 void frmTabs::ConnectButtons() {
+  lblpath.SetMnemonic(false);
   cboList.SetAccessibleName("Wav category");
   lstWav.SetAccessibleName("Wavs");
   List3.SetVisible(false);
