@@ -12,6 +12,11 @@ constexpr std::size_t kViewStart = 150;  // so much of the view tells a room fro
 
 const char* ViewClass(const Globals& g) { return g.AOLVer == "3" ? "_AOL_VIEW" : "RICHCNTL"; }
 
+ClientList PeopleOf(AolClient& client, Program& program) {
+  const Window list = client.FindChildByClass(program.g.hChatRoom, "_AOL_LISTBOX");
+  return ClientList(program.platform, list);
+}
+
 }  // namespace
 
 bool AolClient::EnumChatRoom(Window window, Window parent) {
@@ -69,34 +74,18 @@ void AolClient::TextToChat(const std::string& text, int mode) {
   windows.Send(input, wm::kChar, 13, 0);
 }
 
-std::string AolClient::ReadLBItem(int row) {
-  WindowSystem& windows = program_.platform.windows;
-  const Window list = FindChildByClass(program_.g.hChatRoom, "_AOL_LISTBOX");
-  const auto memory = program_.platform.processes.Open(windows.ProcessOf(list));
-  if (!memory) return {};
-  const auto data = windows.Send(list, wm::kLbGetItemData, static_cast<WParam>(row), 0);
-  return ReadRowName(*memory, static_cast<std::uint32_t>(data));
-}
+std::string AolClient::ReadLBItem(int row) { return PeopleOf(*this, program_).Row(row); }
 
 std::string AolClient::GetSNFromLB() {
-  const Window list = FindChildByClass(program_.g.hChatRoom, "_AOL_LISTBOX");
-  return ReadLBItem(static_cast<int>(program_.platform.windows.Send(list, wm::kLbGetCurSel, 0, 0)));
+  const ClientList people = PeopleOf(*this, program_);
+  return people.Row(people.Selected());
 }
 
 std::vector<std::string> AolClient::ListRoomNames() {
-  WindowSystem& windows = program_.platform.windows;
   Globals& g = program_.g;
   if (g.CurrentSN.empty()) g.CurrentSN = GetUserSN();
-  std::vector<std::string> names;
-  const Window list = FindChildByClass(g.hChatRoom, "_AOL_LISTBOX");
-  const auto memory = program_.platform.processes.Open(windows.ProcessOf(list));
-  if (!memory) return names;
-  const auto count = windows.Send(list, wm::kLbGetCount, 0, 0);
-  for (MessageResult row = 0; row < count; ++row) {
-    const auto data = windows.Send(list, wm::kLbGetItemData, static_cast<WParam>(row), 0);
-    std::string name = ReadRowName(*memory, static_cast<std::uint32_t>(data));
-    if (name != g.CurrentSN) names.push_back(std::move(name));
-  }
+  std::vector<std::string> names = PeopleOf(*this, program_).Rows();
+  std::erase(names, g.CurrentSN);
   return names;
 }
 

@@ -28,7 +28,8 @@ CorvelProcess::CorvelProcess(Platform& platform)
     : program_(platform),
       client_(program_),
       fader_(program_.settings.Fader, [&platform] { YieldToEvents(platform); }),
-      wavLibrary_(program_, client_, fader_),
+      voice_(program_, client_, fader_),
+      wavLibrary_(program_, client_, voice_),
       accessModes_(program_, client_) {
   program_.forms.onUnhandledError = [this](const RunTimeError& error, const char* form,
                                            const char* procedure) {

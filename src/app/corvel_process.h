@@ -5,6 +5,7 @@
 #include "core/program.h"
 #include "fader/modFade.h"
 #include "shell/access_modes.h"
+#include "voice/room_voice.h"
 #include "wavlib/wavlib.h"
 
 namespace corvel {
@@ -26,6 +27,7 @@ class CorvelProcess {
   Program program_;
   AolClient client_;
   Fader fader_;
+  RoomVoice voice_;
   WavLibrary wavLibrary_;
   AccessModes accessModes_;
   bool running_ = false;

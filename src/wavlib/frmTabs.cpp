@@ -21,7 +21,7 @@ constexpr const char* kWavListSection = "Wav List";
 
 }  // namespace
 
-frmTabs::frmTabs(Program& program, AolClient& client, Fader& fader)
+frmTabs::frmTabs(Program& program, AolClient& client, RoomVoice& voice)
     : ProgramForm(program, "frmTabs", "Wav List"),
       cboList(*this, "cboList"),
       cmdMin(*this, "cmdMin", "Min"),
@@ -65,7 +65,7 @@ frmTabs::frmTabs(Program& program, AolClient& client, Fader& fader)
            MenuItem("Print to E-Mail", [this] { PrintToEMail(this->program, client_, Listing()); }),
            MenuItem("Print to File", [this] { PrintToFile(this->program, Listing()); })}),
       client_(client),
-      sender_(program, client, fader),
+      sender_(program, client, voice),
       favWavs_(program) {
   ConnectButtons();
 }

@@ -7,7 +7,6 @@
 
 #include "aolbridge/aolclient.h"
 #include "core/program.h"
-#include "fader/modFade.h"
 #include "forms/menu.h"
 #include "wavlib/fav_wavs.h"
 #include "wavlib/wav_printing.h"
@@ -20,7 +19,7 @@ namespace corvel {
 
 class frmTabs : public ProgramForm {
  public:
-  frmTabs(Program& program, AolClient& client, Fader& fader);
+  frmTabs(Program& program, AolClient& client, RoomVoice& voice);
 
   bool InFavWavs = false;
 
