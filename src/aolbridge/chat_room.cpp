@@ -11,6 +11,11 @@ namespace {
 
 constexpr std::size_t kViewStart = 150;  // so much of the view tells a room from other windows
 
+ClientList PeopleOf(AolClient& client, Program& program) {
+  const Window list = client.FindChildByClass(program.g.hChatRoom, facts::kList);
+  return ClientList(program.platform, list);
+}
+
 }  // namespace
 
 bool AolClient::EnumChatRoom(Window window, Window parent) {
@@ -74,34 +79,18 @@ void AolClient::TextToChat(const std::string& text, int mode) {
   windows.Send(input, wm::kChar, 13, 0);
 }
 
-std::string AolClient::ReadLBItem(int row) {
-  WindowSystem& windows = program_.platform.windows;
-  const Window list = FindChildByClass(program_.g.hChatRoom, facts::kList);
-  const auto memory = program_.platform.processes.Open(windows.ProcessOf(list));
-  if (!memory) return {};
-  const auto data = windows.Send(list, wm::kLbGetItemData, static_cast<WParam>(row), 0);
-  return ReadRowName(*memory, static_cast<std::uint32_t>(data));
-}
+std::string AolClient::ReadLBItem(int row) { return PeopleOf(*this, program_).Row(row); }
 
 std::string AolClient::GetSNFromLB() {
-  const Window list = FindChildByClass(program_.g.hChatRoom, facts::kList);
-  return ReadLBItem(static_cast<int>(program_.platform.windows.Send(list, wm::kLbGetCurSel, 0, 0)));
+  const ClientList people = PeopleOf(*this, program_);
+  return people.Row(people.Selected());
 }
 
 std::vector<std::string> AolClient::ListRoomNames() {
-  WindowSystem& windows = program_.platform.windows;
   Globals& g = program_.g;
   if (g.CurrentSN.empty()) g.CurrentSN = GetUserSN();
-  std::vector<std::string> names;
-  const Window list = FindChildByClass(g.hChatRoom, facts::kList);
-  const auto memory = program_.platform.processes.Open(windows.ProcessOf(list));
-  if (!memory) return names;
-  const auto count = windows.Send(list, wm::kLbGetCount, 0, 0);
-  for (MessageResult row = 0; row < count; ++row) {
-    const auto data = windows.Send(list, wm::kLbGetItemData, static_cast<WParam>(row), 0);
-    std::string name = ReadRowName(*memory, static_cast<std::uint32_t>(data));
-    if (name != g.CurrentSN) names.push_back(std::move(name));
-  }
+  std::vector<std::string> names = PeopleOf(*this, program_).Rows();
+  std::erase(names, g.CurrentSN);
   return names;
 }
 

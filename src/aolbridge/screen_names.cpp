@@ -31,18 +31,14 @@ struct ComboNames {
 
 // The names in the sign-on window's combo box, in front of "Guest".
 ComboNames ReadCombo(Platform& platform, Window combo) {
-  WindowSystem& windows = platform.windows;
+  const ClientList list(platform, combo, ClientList::Kind::kComboBox);
   ComboNames result;
-  const auto memory = platform.processes.Open(windows.ProcessOf(combo));
-  if (!memory) return result;
-  const auto count = windows.Send(combo, wm::kCbGetCount, 0, 0);
-  for (MessageResult row = 0; row < count && result.names.size() < kMostRows; ++row) {
-    const auto data = windows.Send(combo, wm::kCbGetItemData, static_cast<WParam>(row), 0);
-    std::string name = ReadRowName(*memory, static_cast<std::uint32_t>(data));
+  for (int row = 0; row < list.Count() && result.names.size() < kMostRows; ++row) {
+    std::string name = list.Row(row);
     if (name == "Guest") break;
     result.names.push_back(std::move(name));
   }
-  const auto selected = windows.Send(combo, wm::kCbGetCurSel, 0, 0);
+  const int selected = list.Selected();
   if (selected >= 0 && static_cast<std::size_t>(selected) < result.names.size())
     result.selected = result.names[static_cast<std::size_t>(selected)];
   return result;

@@ -1,5 +1,6 @@
 #include "wavlib/list_output.h"
 
+#include "base/file_name.h"
 #include "core/dialogs.h"
 #include "core/helpers.h"
 
@@ -53,6 +54,16 @@ std::string MailHead(const std::string& screenName, const std::string& contents)
          contents + "\r\n" + std::string(62, '_') + "\r\n\r\n";
 }
 
+bool CanBeFileName(Program& program, const std::string& name) {
+  if (IsFileName(name)) return true;
+  MsgBoxEx(program,
+           "~B~CRA file cannot have the name ~B~CB" + name +
+               "~B~CN.~N ~NPlease enter a name without a path, and without any of these "
+               "characters: ~B\\ / : * ? \" < > |~B",
+           style::kOk + style::kExclamation);
+  return false;
+}
+
 std::string AskTextFile(Program& program, std::string_view what, std::string_view preset) {
   const std::string folder = program.g.AOLPath;
   const std::string question =
@@ -63,6 +74,7 @@ std::string AskTextFile(Program& program, std::string_view what, std::string_vie
   for (;;) {
     const std::string name = InputBoxEx(program, question, preset);
     if (name.empty()) return {};
+    if (!CanBeFileName(program, name)) continue;
     const std::string path = folder + "\\" + name + ".txt";
     if (!FileExists(program, path) ||
         AskYesNo(program, "~B~CRFile already exists!~B~CN~N ~NThe filename ~B~CB" + name +

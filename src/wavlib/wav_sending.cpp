@@ -2,70 +2,19 @@
 
 #include "base/text.h"
 #include "core/dialogs.h"
-#include "core/frmCV7.h"
 #include "core/helpers.h"
 #include "core/report_error.h"
+#include "voice/clipboard_paste.h"
 #include "wavlib/garland_styles.h"
 #include "wavlib/sound_code.h"
 #include "wavlib/wav_descriptions.h"
 
-#include <exception>
+#include <utility>
 
 namespace corvel {
 namespace {
 
-constexpr WParam kPaste = 20003;            // a command of the client's rich text control
 constexpr double kBeforeDescription = 0.3;  // seconds
-
-// Keeps the program from catching its own keystrokes while a faded line goes out. Afterwards the
-// input box is hooked again, unless it has died, the room was left or changed, or the program ends.
-class QuietInput {
- public:
-  explicit QuietInput(Program& program) : program_(program) {
-    if (frmCV7* central = program.forms.Loaded<frmCV7>()) {
-      input_ = central->sbcCmdLine.HWnd();
-      central->sbcCmdLine.SetHWnd({});
-    }
-  }
-  ~QuietInput() {
-    frmCV7* central = program_.forms.Loaded<frmCV7>();
-    const bool ending = program_.g.Closing || std::uncaught_exceptions() > exceptions_;
-    if (ending || !central || !central->ChatHooked || central->sbcCmdLine.HWnd()) return;
-    if (program_.platform.windows.Exists(input_)) central->sbcCmdLine.SetHWnd(input_);
-  }
-  QuietInput(const QuietInput&) = delete;
-  QuietInput& operator=(const QuietInput&) = delete;
-
-  Window Input() const { return input_; }
-
- private:
-  Program& program_;
-  Window input_{};
-  int exceptions_ = std::uncaught_exceptions();
-};
-
-// Hides the input box, so that the mark-up isn't seen on its way.
-class HiddenInput {
- public:
-  HiddenInput(WindowSystem& windows, Window input) : windows_(windows), input_(input) {
-    windows_.Show(input_, show::kHide);
-  }
-  ~HiddenInput() { windows_.Show(input_, show::kShow); }
-  HiddenInput(const HiddenInput&) = delete;
-  HiddenInput& operator=(const HiddenInput&) = delete;
-
- private:
-  WindowSystem& windows_;
-  Window input_;
-};
-
-bool PutTextOnClipboard(Clipboard& clipboard, Window owner, const std::string& text) {
-  if (!clipboard.Open(owner)) return false;
-  clipboard.Empty();
-  const bool set = clipboard.Set(kClipboardText, text);
-  clipboard.Close();
-  return set;
-}
 
 }  // namespace
 
@@ -94,17 +43,14 @@ bool WavSender::SendToWindowOnTop(const std::string& name, Window owner) {
 
 void WavSender::InsertWavCode(Window control, const std::string& name, Window owner) {
   if (!control) return;
-  const std::string saved = client_.GetRichText(owner);
-  if (!PutTextOnClipboard(program_.platform.clipboard, owner, ClosedWavCode(name))) {
-    MsgBoxEx(program_,
-             "~B~CRThe clipboard is in use by another program.~B~CN~N ~NPlease try this operation "
-             "again.",
-             style::kOk + style::kExclamation);
+  if (PasteThroughClipboard(program_, control, owner, PasteAs::kText, ClosedWavCode(name))) {
+    program_.platform.windows.SetFocus(control);
     return;
   }
-  program_.platform.windows.Send(control, wm::kCommand, kPaste, 0);
-  client_.PutRichText(owner, saved);
-  program_.platform.windows.SetFocus(control);
+  MsgBoxEx(program_,
+           "~B~CRThe clipboard is in use by another program.~B~CN~N ~NPlease try this operation "
+           "again.",
+           style::kOk + style::kExclamation);
 }
 
 void WavSender::SendWavToText(const std::string& name) {
@@ -113,16 +59,17 @@ void WavSender::SendWavToText(const std::string& name) {
 }
 
 void WavSender::SendToRoom(const std::string& name, const GarlandChoice& garland) {
-  std::string line = RoomLine(name, garland);
+  const std::string line = RoomLine(name, garland);
   if (!program_.settings.Fader.On) {
-    Say(std::move(line), false, {});
-    SendDescription(name, {});
+    GoOn([&] { voice_.Say(line); });
+    SendDescription(name);
     return;
   }
-  const QuietInput quiet(program_);
-  GoOn([&] { fader_.FadeEngine(line); });
-  Say(std::move(line), true, quiet.Input());
-  SendDescription(name, quiet.Input());
+  voice_.Unheard([&] {
+    const std::string faded = voice_.Faded(line);
+    GoOn([&] { voice_.SayUnseen(faded); });
+    SendDescription(name);
+  });
 }
 
 std::string WavSender::RoomLine(const std::string& name, const GarlandChoice& garland) {
@@ -157,24 +104,16 @@ std::string WavSender::ChooseStyle(const GarlandChoice& garland) {
   return row < garland.styles.size() ? garland.styles[row] : std::string();
 }
 
-void WavSender::SendDescription(const std::string& name, Window input) {
+void WavSender::SendDescription(const std::string& name) {
   if (!program_.settings.Descriptions.SendToRoom) return;
   std::string text = GetWavDescrip(program_, name);
   if (Trim(text) == kNoDescription) return;
   if (!program_.settings.Descriptions.TrimDescrip) text.insert(0, "Descrip: ");
   const bool faded = program_.settings.Fader.On;
-  if (faded) GoOn([&] { fader_.FadeEngine(text); });
+  if (faded) text = voice_.Faded(std::move(text));
   Pause(program_, kBeforeDescription);
-  if (!program_.g.Unloading) Say(std::move(text), faded, input);
-}
-
-void WavSender::Say(std::string text, bool faded, Window input) {
-  if (!faded) {
-    GoOn([&] { client_.TextToChat(text, 1); });
-    return;
-  }
-  const HiddenInput hidden(program_.platform.windows, input);
-  GoOn([&] { client_.TextToChat(text, 1); });
+  if (program_.g.Unloading) return;
+  GoOn([&] { faded ? voice_.SayUnseen(text) : voice_.Say(text); });
 }
 
 }  // namespace corvel
