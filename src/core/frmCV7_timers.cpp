@@ -195,11 +195,13 @@ void frmCV7::DismissRefusalBox() {
   if (!HoldsNoCase(program.hub.client.GetAPIText(text), "message is too long or too complex"))
     return;
   windows.EndDialog(box, -1);
-  const bool wantsToRead = AskYesNo(
+  const int button = MsgBoxEx(
       program,
       "~B~CRThis AOL Chat Room is unable to accept faded text at this time.~B~CN~N ~NThe Corvel "
       "chat room fader feature will be switched off so you may continue to chat normally.~N "
-      "~NWould you like to read more information about this problem?");
+      "~NWould you like to read more information about this problem?",
+      style::kYesNo + style::kExclamation);
+  const bool wantsToRead = button == answer::kYes;
   if (wantsToRead && program.settings.General.UseExternalBrowser)
     OpenWithShell(program, this, kFadeNewsPage);
   else if (wantsToRead)

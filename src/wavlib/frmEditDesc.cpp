@@ -102,7 +102,7 @@ bool frmEditDesc::IsUsable(const Description& record) {
 }
 
 void frmEditDesc::cmdNew_Click() {
-  const auto record = AskDescription(program, *this, {});
+  const auto record = Ask<frmDescripAssign>(program, this, Description{});
   if (!record || !IsUsable(*record)) return;
   if (FindName(record->name) >= 0) {
     PlainBox(program, AlreadyExists(record->name), style::kOk + style::kInformation);
@@ -120,7 +120,7 @@ void frmEditDesc::cmdEdit_Click() {
   const int row = ListView1.ListIndex();
   if (row < 0) return;
   const std::string oldName = Row(row).name;
-  const auto record = AskDescription(program, *this, Row(row));
+  const auto record = Ask<frmDescripAssign>(program, this, Row(row));
   if (!record || !IsUsable(*record)) return;
   const int other = FindName(record->name);
   if (other >= 0 && record->name != Trim(oldName)) {  // its description would be lost

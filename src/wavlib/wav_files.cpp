@@ -4,7 +4,6 @@
 #include "core/dialogs.h"
 #include "core/report_error.h"
 #include "wavlib/frmSendTo.h"
-#include "wavlib/modal.h"
 #include "wavlib/path_check.h"
 
 namespace corvel {
@@ -84,13 +83,7 @@ bool RenameWav(Program& program, const std::string& folder, const std::string& n
 
 bool SendWavTo(Program& program, forms::Form& owner, const std::string& path,
                const std::string& name) {
-  const auto dialog = program.forms.LoadNew<frmSendTo>(program);
-  dialog->lblWav.SetCaption(name);
-  dialog->lblWavFile.SetCaption(path);
-  ShowModal(program, owner, *dialog, "SendWavTo");
-  std::string folder = dialog->IsLoaded() ? Trim(dialog->txtHistory.Text()) : std::string();
-  const bool move = dialog->optMove.Value();
-  dialog->Unload();
+  auto [folder, move] = Ask<frmSendTo>(program, &owner, path, name);
   if (folder.empty()) return false;
   if (folder.ends_with('\\')) folder.pop_back();
   if (!Transfer(program, path, folder, name, move)) return false;
