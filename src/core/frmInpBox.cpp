@@ -21,6 +21,7 @@ frmInpBox::frmInpBox(Program& p, std::string_view text, std::string_view preset,
       text_(text) {
   Image1.SetPicture(Picture::kQuestion);
   txtInput.SetText(preset);
+  txtInput.SetMaxLength(options.maxLength);
   Command1[0].SetDefault(true);
   Command1[1].SetCancel(true);
   Command1[0].onClick = [this] { Answer(txtInput.Text()); };

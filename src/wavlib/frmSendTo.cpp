@@ -17,6 +17,8 @@ frmSendTo::frmSendTo(Program& p, const std::string& path, const std::string& nam
       optMove(*this, "optMove", "&Move"),
       cmdOK(*this, "cmdOK", "OK"),
       cmdCancel(*this, "cmdCancel", "Cancel") {
+  lblWav.SetMnemonic(false);
+  lblWavFile.SetMnemonic(false);
   optCopy.SetValue(true);
   txtHistory.SetAccessibleName("Target folder");
   cmdBrowse.onClick = [this] { cmdBrowse_Click(); };

@@ -144,6 +144,14 @@ TEST_F(DialogsTest, AnInputGivesItsTextOnOkAndEnterOnly) {
   EXPECT_EQ(ask(), "");
 }
 
+TEST_F(DialogsTest, AnInputIsHeldToItsLength) {
+  std::string name;
+  ThenType("frmInpBox", "txtInput", "123456789");
+  ThenClick("frmInpBox", "Command1", 0);
+  As([&] { name = InputBoxEx(*program_, "Name?", "Styles", {.maxLength = 8}); });
+  EXPECT_EQ(name, "12345678");
+}
+
 TEST_F(DialogsTest, AnInputHasItsTitleAndOneInsideAnotherDoesNotEndTheFlag) {
   std::string outer = "?";
   Then([this] {
