@@ -6,6 +6,7 @@
 #include "core/dialogs.h"
 #include "core/helpers.h"
 #include "core/main.h"
+#include "core/maker_pages.h"
 
 namespace corvel {
 namespace {
@@ -37,8 +38,9 @@ void WaitForMenus(Program& program) {
   const std::string text =
       std::string("~B~CRAOL DE Ermittelt!~B~CN~N ~N") + kTitle +
       " ist nicht kompatibel mit der deutschen Version der America Online software.~N ~N"
-      "Bitte schreiben Sie an ~B~CBsupport@qrvsoftware.com~B~CN " +
-      std::string("für AOLSOFTWARE-Alternativen."_cp) + "~N ~NAbbrechenstart.";
+      "Bitte schreiben Sie an ~B~CB" +
+      maker::kSupportAddress + "~B~CN " + std::string("für AOLSOFTWARE-Alternativen."_cp) +
+      "~N ~NAbbrechenstart.";
   MsgBoxEx(program, text, style::kOk + style::kExclamation);
   StopProgram(program);
 }

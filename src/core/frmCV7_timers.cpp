@@ -15,15 +15,10 @@
 #include "core/frmCV7.h"
 #include "core/helpers.h"
 #include "core/main.h"
+#include "core/maker_pages.h"
 #include "core/report_error.h"
 
 namespace corvel {
-
-namespace {
-
-constexpr const char* kFadeNewsPage = "http://corvel.example/news/fading.html";
-
-}  // namespace
 
 void frmCV7::Timer1_Timer() {
   if (program.g.Unloading) {
@@ -158,15 +153,13 @@ void frmCV7::DismissRefusalBox() {
   const Window box = program.hub.client->RefusalBox();
   if (!box) return;
   platform().windows.EndDialog(box, -1);
-  const bool wantsToRead = AskYesNo(
+  const int button = MsgBoxEx(
       program,
       "~B~CRThis AOL Chat Room is unable to accept faded text at this time.~B~CN~N ~NThe Corvel "
       "chat room fader feature will be switched off so you may continue to chat normally.~N "
-      "~NWould you like to read more information about this problem?");
-  if (wantsToRead && program.settings.General.UseExternalBrowser)
-    OpenWithShell(program, this, kFadeNewsPage);
-  else if (wantsToRead)
-    program.hub.client->RunKeyword(kFadeNewsPage);
+      "~NWould you like to read more information about this problem?",
+      style::kYesNo + style::kExclamation);
+  if (button == answer::kYes) OpenPage(program, this, maker::kFadeNews);
   program.hub.faderWindows->SwitchOff();
 }
 

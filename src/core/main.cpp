@@ -51,7 +51,6 @@ class Splash {
   }
   void Close() {
     form_->Hide();
-    WaitWhileVisible(program_, *form_, "Main");
     form_->Unload();
   }
   // Nothing watches the client yet, so the start itself must see that it has gone.
@@ -101,8 +100,8 @@ void DetermineVersion(Program& program, Splash& splash) {
   splash.Report("Determining AOL Version");
   splash.Progress(30);
   splash.Progress(40);
-  StartStep(program, "Main", [&program] { program.hub.client->GetAOLVersion(); });
-  StartStep(program, "Main", [&program] { program.hub.client->LoadAOLStrings(); });
+  MainStep(program, {"modMain", "Main"}, [&program] { program.hub.client->GetAOLVersion(); });
+  MainStep(program, {"modMain", "Main"}, [&program] { program.hub.client->LoadAOLStrings(); });
   splash.EndIfClientIsGone();
   const Country country = program.hub.client->CountryOf();
   splash.Report("AOL Version " + g.AOLVer + ".0 " + std::string(country.name) + " Determined");
@@ -111,9 +110,9 @@ void DetermineVersion(Program& program, Splash& splash) {
 
 void ReadNames(Program& program, Splash& splash) {
   splash.Report("Retrieving Screen Names");
-  StartStep(program, "Main", [&program] { program.hub.client->GetScreenNames(); });
+  MainStep(program, {"modMain", "Main"}, [&program] { program.hub.client->GetScreenNames(); });
   splash.EndIfClientIsGone();
-  StartStep(program, "Main", [&program] { program.hub.client->MSNCheck(); });
+  MainStep(program, {"modMain", "Main"}, [&program] { program.hub.client->MSNCheck(); });
   splash.Progress(50);
   splash.Report("Master Screen Name: " + program.g.SN[0]);
   splash.Progress(70);
@@ -130,7 +129,7 @@ void LoadUserSettings(Program& program, Splash& splash) {
   LoadWavScanGroup(store, settings);
   LoadHotWordsGroup(store, settings);
   LoadIMGroup(store, settings, program.hub.client->CanManageIMs());
-  StartStep(program, "LoadIMSettings", [&program] {  // today's log folder
+  Reported(program, {"modMain", "LoadIMSettings"}, [&program] {  // today's log folder
     MakeDirIfMissing(program, program.InFolder("im logs"));
     MakeDirIfMissing(program,
                      program.InFolder("im logs\\" + DateMmDdYy(program.platform.clock.Now())));
@@ -143,8 +142,9 @@ void LoadCorvel(Program& program) {
   Globals& g = program.g;
   const Settings& settings = program.settings;
   const Hub& hub = program.hub;
-  const auto step = [&program](bool wanted, const std::function<void()>& body) {
-    if (wanted && !program.g.Unloading) StartStep(program, "LoadCorvel", body);
+  const auto step = [&program](bool wanted, const std::function<void()>& body,
+                               int line = __builtin_LINE()) {
+    if (wanted && !program.g.Unloading) Reported(program, {"modMain", "LoadCorvel", line}, body);
   };
   step(true, [&program] {
     program.forms.Load<frmCV7>(program);

@@ -63,6 +63,14 @@ TEST_F(HelpersTest, DateAndTimeAreTextByTheUsersFormat) {
   EXPECT_EQ(BuildTime(*program_), "8:15:00 PM");
 }
 
+TEST(Lengths, ReadAsMinutesSecondsAndHundredths) {
+  const std::pair<int, const char*> cases[] = {
+      {0, "00:00.00"},       {500, "00:00.50"},     {999, "00:00.99"},       {9, "00:00.00"},
+      {59'999, "00:59.99"},  {60'000, "01:00.00"},  {61'500, "01:01.50"},    {119'990, "01:59.99"},
+      {120'000, "02:00.00"}, {150'010, "02:30.01"}, {6'000'000, "100:00.00"}};
+  for (const auto& [milliseconds, text] : cases) EXPECT_EQ(CMinSec(milliseconds), text);
+}
+
 TEST_F(HelpersTest, APauseLastsItsTimeAlsoOverTheWrapOfTheTickCount) {
   desk_.SetTickCount(0xFFFFFFFF - 100);
   const std::int64_t before = desk_.NowMs();
