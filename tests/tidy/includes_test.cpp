@@ -29,7 +29,9 @@ const std::map<std::string, std::vector<std::string>> kMayInclude = {
     {"src/app", {"base", "platform", "forms", "core", "aolbridge", "fader", "wavlib", "shell"}},
     {"src/app/win32", {"base", "platform", "platform/win32", "app"}},
     {"src/runtime", {}},
-    {"practice", {"base", "platform", "platform/desk"}},
+    {"practice",
+     {"base", "platform", "practice/controls", "practice/client", "practice/session",
+      "practice/commands"}},
 };
 
 const fs::path kRoot = CORVEL_SOURCE_DIR;
