@@ -1,5 +1,8 @@
 #include "practice/client/client.h"
 
+#include "practice/client/document.h"
+
+#include <algorithm>
 #include <utility>
 
 namespace corvel::practice {
@@ -10,8 +13,7 @@ constexpr std::uint32_t kShortestTimer = 10;
 }  // namespace
 
 Client::Client(Platform& platform, OwnMemory& memory, const Setup& setup, Witness witness)
-    : platform_(platform),
-      memory_(memory),
+    : WindowHost(platform, memory),
       setup_(setup),
       facts_(FactsFor(setup)),
       witness_(std::move(witness)) {
@@ -20,56 +22,12 @@ Client::Client(Platform& platform, OwnMemory& memory, const Setup& setup, Witnes
 
 Client::~Client() {
   // A client that is taken down from outside leaves no window whose procedure has gone.
-  ++depth_;
-  if (windows().Exists(frame_)) platform_.ownWindows.Destroy(frame_);
-}
-
-Client::Entry::~Entry() {
-  if (--client_.depth_ != 0) return;
-  const auto free = std::move(client_.buried_);
-  client_.buried_.clear();
+  const Entry entry(*this);
+  if (windows().Exists(frame_)) platform().ownWindows.Destroy(frame_);
 }
 
 void Client::Note(std::string_view kind, std::vector<std::string> words) {
   if (witness_) witness_(kind, std::move(words));
-}
-
-Window Client::Make(const NewWindow& plan, const std::shared_ptr<ClientWindow>& procedure) {
-  const Window made = platform_.ownWindows.Create(plan, *procedure);
-  return procedure->Alive() ? made : Window{};
-}
-
-Window Client::AddIcon(Window parent, std::string caption, bool enabled) {
-  const Window icon = AddControl<Icon>(parent, "_AOL_ICON", std::move(caption));
-  if (!enabled) windows().Enable(icon, false);
-  return icon;
-}
-
-Window Client::AddStatic(Window parent, std::string caption) {
-  return AddControl<PlainWindow>(parent, "_AOL_STATIC", std::move(caption));
-}
-
-void Client::Put(Window window, const Rect& place) {
-  if (window) windows().Place(window, place);
-}
-
-int Client::LineHeight() { return platform_.display.TextExtent("Mg", {}).height; }
-
-ClientWindow* Client::Find(Window window) const {
-  const auto at = living_.find(window.value);
-  return at == living_.end() ? nullptr : at->second.get();
-}
-
-void Client::Adopt(std::shared_ptr<ClientWindow> window) {
-  const std::uint32_t handle = window->window().value;
-  living_[handle] = std::move(window);
-}
-
-void Client::Bury(Window window) {
-  const auto at = living_.find(window.value);
-  if (at == living_.end()) return;
-  buried_.push_back(std::move(at->second));
-  living_.erase(at);
 }
 
 void Client::FrameGone() {
@@ -92,7 +50,7 @@ void Client::Open(const std::shared_ptr<Document>& document) {
 
 void Client::ShowMessage(std::string text) {
   AfterDelay([this, text = std::move(text)] {
-    platform_.ownWindows.ShowDialog(frame_, facts_.title, text);
+    platform().ownWindows.ShowDialog(frame_, facts_.title, text);
   });
 }
 
@@ -101,11 +59,11 @@ void Client::After(std::uint32_t milliseconds, std::function<void()> act) {
   if (milliseconds == 0) return act();
   const std::uintptr_t id = nextTimer_++;
   pending_.emplace(id, std::move(act));
-  platform_.events.StartTimer(frame_, id, std::max(milliseconds, kShortestTimer));
+  platform().events.StartTimer(frame_, id, std::max(milliseconds, kShortestTimer));
 }
 
 void Client::OnTimer(std::uintptr_t id) {
-  platform_.events.StopTimer(frame_, id);
+  platform().events.StopTimer(frame_, id);
   auto pending = pending_.extract(id);
   if (pending) pending.mapped()();
 }
@@ -113,7 +71,7 @@ void Client::OnTimer(std::uintptr_t id) {
 void Client::ForgetPending() {
   const auto forgotten = std::move(pending_);
   pending_.clear();
-  for (const auto& [id, act] : forgotten) platform_.events.StopTimer(frame_, id);
+  for (const auto& [id, act] : forgotten) platform().events.StopTimer(frame_, id);
 }
 
 }  // namespace corvel::practice

@@ -1,10 +1,9 @@
-// One running client: its services, its windows, its session, and what it will do later.
+// One running client: its session, its documents, and what it will do later.
 #pragma once
 
-#include "practice/client/document.h"
 #include "practice/client/facts.h"
-#include "practice/controls/client_window.h"
-#include "practice/practice_client.h"
+#include "practice/client/setup.h"
+#include "practice/controls/window_host.h"
 
 #include <cstdint>
 #include <functional>
@@ -16,6 +15,8 @@
 #include <vector>
 
 namespace corvel::practice {
+
+class Document;
 
 // What the service knows of another member.
 struct Member {
@@ -35,56 +36,16 @@ struct Session {
   std::map<std::string, int> triesToFail;  // rooms that are full, by NameKey
 };
 
-class Client {
+class Client : public WindowHost {
  public:
   Client(Platform& platform, OwnMemory& memory, const Setup& setup, Witness witness);
   ~Client();
-  Client(const Client&) = delete;
-  Client& operator=(const Client&) = delete;
 
-  // Held by every way into the client. The objects of windows that have died are freed when the
-  // outermost one ends.
-  class Entry {
-   public:
-    explicit Entry(Client& client) : client_(client) { ++client_.depth_; }
-    ~Entry();
-    Entry(const Entry&) = delete;
-    Entry& operator=(const Entry&) = delete;
-
-   private:
-    Client& client_;
-  };
-
-  Platform& platform() { return platform_; }
-  WindowSystem& windows() const { return platform_.windows; }
-  OwnMemory& memory() { return memory_; }
   const Facts& facts() const { return facts_; }
   Setup& setup() { return setup_; }
   Session& session() { return session_; }
   bool SignedOn() const { return !session_.signedOnAs.empty(); }
   void Note(std::string_view kind, std::vector<std::string> words);
-
-  // --- Windows -------------------------------------------------------------------------------
-  // Makes the window; the client keeps the object. 0 if it could not be made, or was destroyed
-  // while it was being made.
-  Window Make(const NewWindow& plan, const std::shared_ptr<ClientWindow>& procedure);
-  // Makes a control at the end of its parent's children.
-  template <class T, class... Arguments>
-  Window AddControl(Window parent, std::string className, std::string caption,
-                    Arguments&&... arguments);
-  Window AddIcon(Window parent, std::string caption = "", bool enabled = true);
-  Window AddStatic(Window parent, std::string caption);
-  // Gives a control its place; nothing for window 0.
-  void Put(Window window, const Rect& place);
-  int LineHeight();  // pixels that a line of text takes
-  // The object of a living window of the client; nullptr for any other window.
-  ClientWindow* Find(Window window) const;
-  template <class T>
-  T* FindAs(Window window) const {
-    return dynamic_cast<T*>(Find(window));
-  }
-  void Adopt(std::shared_ptr<ClientWindow> window);  // by ClientWindow itself
-  void Bury(Window window);
 
   void SetFrame(Window frame) { frame_ = frame; }
   void SetMdi(Window mdi) { mdi_ = mdi; }
@@ -114,31 +75,16 @@ class Client {
   bool Busy() const { return !pending_.empty(); }
 
  private:
-  Platform& platform_;
-  OwnMemory& memory_;
   Setup setup_;
   Facts facts_;
   Witness witness_;
   Session session_;
   Window frame_{}, mdi_{};
   bool finished_ = false;
-  int depth_ = 0;
-  std::unordered_map<std::uint32_t, std::shared_ptr<ClientWindow>> living_;
-  std::vector<std::shared_ptr<ClientWindow>> buried_;
   mutable std::vector<std::weak_ptr<Document>> documents_;
   std::unordered_map<std::uintptr_t, std::function<void()>> pending_;
   std::uintptr_t nextTimer_ = 100;
 };
-
-template <class T, class... Arguments>
-Window Client::AddControl(Window parent, std::string className, std::string caption,
-                          Arguments&&... arguments) {
-  NewWindow plan;
-  plan.className = std::move(className);
-  plan.caption = std::move(caption);
-  plan.parent = parent;
-  return Make(plan, std::make_shared<T>(*this, std::forward<Arguments>(arguments)...));
-}
 
 template <class T>
 std::vector<std::shared_ptr<T>> Client::Documents() const {

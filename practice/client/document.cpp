@@ -1,6 +1,5 @@
 #include "practice/client/document.h"
 
-#include "practice/client/client.h"
 #include "practice/controls/simple_layout.h"
 #include "practice/controls/text_box.h"
 

@@ -1,8 +1,8 @@
 // A document window of the client: an MDI child with its controls.
 #pragma once
 
+#include "practice/client/client_window.h"
 #include "practice/controls/area.h"
-#include "practice/controls/client_window.h"
 
 #include <string>
 
@@ -17,8 +17,7 @@ class Document : public ClientWindow {
   // Makes the controls and shows it. Does nothing on a window that has gone meanwhile.
   void Stand();
   bool Filled() const { return filled_ && Alive(); }
-  // One of its text windows has taken the keyboard.
-  void RememberFocus(Window control) { lastFocus_ = control; }
+  void RememberFocus(Window control) override { lastFocus_ = control; }
   // What takes the keyboard when the client is activated with this document on top; 0 for nothing.
   Window FocusWhenActive();
   // Its caption as it will be or is.

@@ -2,7 +2,7 @@
 // the controls that the program counts its way to.
 #pragma once
 
-#include "practice/practice_client.h"
+#include "practice/client/setup.h"
 
 #include <string>
 

@@ -1,7 +1,7 @@
 // What whoever plays the user and the service can ask of the client, in words.
 #pragma once
 
-#include "practice/practice_client.h"
+#include "practice/commands/reply.h"
 
 #include <string>
 #include <vector>

@@ -1,7 +1,7 @@
 #include "practice/controls/row_list.h"
 
-#include "practice/client/client.h"
 #include "practice/controls/markup.h"
+#include "practice/controls/window_host.h"
 
 #include <utility>
 
@@ -51,7 +51,7 @@ RowMemory& RowMemory::operator=(RowMemory&& other) noexcept {
 }
 
 void RowList::Add(std::string_view name) {
-  rows_.emplace_back(client().memory(), name);
+  rows_.emplace_back(host().memory(), name);
   Changed(kAddString);
 }
 

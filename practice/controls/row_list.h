@@ -1,8 +1,8 @@
 // The client's list and combo boxes: rows that are pointers into its own memory.
 #pragma once
 
-#include "practice/controls/client_window.h"
-#include "practice/practice_client.h"
+#include "practice/controls/hosted_window.h"
+#include "practice/controls/own_memory.h"
 
 #include <cstdint>
 #include <optional>
@@ -31,9 +31,9 @@ class RowMemory {
 };
 
 // _AOL_LISTBOX and _AOL_COMBOBOX, which answer the messages of both kinds alike.
-class RowList : public ClientWindow {
+class RowList : public HostedWindow {
  public:
-  using ClientWindow::ClientWindow;
+  using HostedWindow::HostedWindow;
 
   void Add(std::string_view name);
   // False: no such row. Names are compared as the service does.

@@ -1,7 +1,7 @@
 #include "practice/controls/simple_layout.h"
 
 #include "base/text.h"
-#include "practice/client/client.h"
+#include "practice/controls/window_host.h"
 
 #include <algorithm>
 #include <string_view>
@@ -30,43 +30,42 @@ Kind KindOf(std::string_view className) {
   return Kind::kRow;
 }
 
-std::string FaceOf(Client& client, Window button) {
-  return client.windows().SendForText(button, wm::kGetText, 0, 100);
+std::string FaceOf(WindowHost& host, Window button) {
+  return host.windows().SendForText(button, wm::kGetText, 0, 100);
 }
 
-int ButtonWidth(Client& client, Window button) {
+int ButtonWidth(WindowHost& host, Window button) {
   constexpr int kSides = 24, kNarrowest = 60;
-  const int text = client.platform().display.TextExtent(FaceOf(client, button), {}).width;
+  const int text = host.platform().display.TextExtent(FaceOf(host, button), {}).width;
   return std::max(text + kSides, kNarrowest);
 }
 
 }  // namespace
 
-void ArrangeSimply(Client& client, Window parent, Area area) {
+void ArrangeSimply(WindowHost& host, Window parent, Area area) {
   constexpr int kPicture = 40;
-  WindowSystem& windows = client.windows();
+  WindowSystem& windows = host.windows();
   std::vector<Window> rows, buttons, rest;
   for (Window child = windows.TopChild(parent); child; child = windows.Next(child)) {
     const Kind kind = KindOf(windows.ClassOf(child));
-    if (kind == Kind::kPicture) client.Put(child, area.Left(kPicture));
+    if (kind == Kind::kPicture) host.Put(child, area.Left(kPicture));
     if (kind == Kind::kRow) rows.push_back(child);
-    if (kind == Kind::kButton && !FaceOf(client, child).empty()) buttons.push_back(child);
+    if (kind == Kind::kButton && !FaceOf(host, child).empty()) buttons.push_back(child);
     if (kind == Kind::kRest) rest.push_back(child);
   }
   if (!buttons.empty()) {
     Area strip = area.Within(area.Bottom(area.control()));
-    for (const Window button : buttons) client.Put(button, strip.Left(ButtonWidth(client, button)));
+    for (const Window button : buttons) host.Put(button, strip.Left(ButtonWidth(host, button)));
   }
-  for (const Window row : rows) client.Put(row, area.Top(area.control()));
+  for (const Window row : rows) host.Put(row, area.Top(area.control()));
   const Rect room = area.Rest();
   for (std::size_t i = 0; i < rest.size(); ++i)
-    client.Put(rest[i], i + 1 == rest.size()
-                            ? area.Rest()
-                            : area.Left(room.width / static_cast<int>(rest.size())));
+    host.Put(rest[i], i + 1 == rest.size() ? area.Rest()
+                                           : area.Left(room.width / static_cast<int>(rest.size())));
 }
 
-void ArrangeBox(Client& client, Window box, Size inside) {
-  ArrangeSimply(client, box, Area(inside, client.LineHeight()));
+void ArrangeBox(WindowHost& host, Window box, Size inside) {
+  ArrangeSimply(host, box, Area(inside, host.LineHeight()));
 }
 
 }  // namespace corvel::practice

@@ -5,13 +5,13 @@
 
 namespace corvel::practice {
 
-class Client;
+class WindowHost;
 
 // Labels, edits, combo boxes and gauges from the top down in their order; buttons with a face in a
 // row at the bottom; lists and texts share what is left, side by side.
-void ArrangeSimply(Client& client, Window parent, Area area);
+void ArrangeSimply(WindowHost& host, Window parent, Area area);
 
 // The same for a box of the given size that has just been filled.
-void ArrangeBox(Client& client, Window box, Size inside);
+void ArrangeBox(WindowHost& host, Window box, Size inside);
 
 }  // namespace corvel::practice

@@ -1,7 +1,7 @@
 #include "practice/controls/text_box.h"
 
-#include "practice/client/client.h"
 #include "practice/controls/markup.h"
+#include "practice/controls/window_host.h"
 
 #include <algorithm>
 
@@ -217,8 +217,7 @@ MessageResult TextBox::OnReplaceSelection(const Message& message) {
 
 MessageResult TextBox::OnFocus(const Message& message) {
   const MessageResult result = Default(message);
-  if (auto* document = client().FindAs<Document>(client().windows().Parent(window())))
-    document->RememberFocus(window());
+  if (HostedWindow* parent = Parent()) parent->RememberFocus(window());
   Tell(Notice::kFocus);
   return result;
 }
@@ -247,7 +246,7 @@ void TextBox::Backspace() {
 
 void TextBox::Copy() {
   const std::string selected = text_.substr(start_, end_ - start_);
-  Clipboard& clipboard = client().platform().clipboard;
+  Clipboard& clipboard = host().platform().clipboard;
   if (selected.empty() || !clipboard.Open(window())) return;
   clipboard.Empty();
   clipboard.Set(kClipboardText, Rendered(selected));
@@ -256,7 +255,7 @@ void TextBox::Copy() {
 }
 
 void TextBox::Paste() {
-  Clipboard& clipboard = client().platform().clipboard;
+  Clipboard& clipboard = host().platform().clipboard;
   if (!clipboard.Open(window())) return;
   auto text = clipboard.Get(clipboard.RegisterFormat(kMailFormat));
   if (!text || text->empty()) text = clipboard.Get(kClipboardText);

@@ -1,7 +1,7 @@
 // The client's text windows: RICHCNTL, _AOL_EDIT and _AOL_VIEW.
 #pragma once
 
-#include "practice/controls/client_window.h"
+#include "practice/controls/hosted_window.h"
 #include "practice/controls/markup.h"
 
 #include <span>
@@ -27,7 +27,7 @@ inline constexpr WParam kClear = 20004;
 inline constexpr WParam kSelectAll = 20005;
 }  // namespace text_command
 
-class TextBox : public ClientWindow {
+class TextBox : public HostedWindow {
  public:
   enum class Use {
     kLine,      // typed into; Enter is the owner's
@@ -35,7 +35,7 @@ class TextBox : public ClientWindow {
     kReadOnly,  // shows; text from outside replaces it
     kLog,       // shows; text from outside is added at its end (the view of generation 3)
   };
-  TextBox(Client& client, Use use) : ClientWindow(client), use_(use) {}
+  TextBox(WindowHost& host, Use use) : HostedWindow(host), use_(use) {}
 
   // All of it with its mark-up, as it was given. Positions below count its bytes.
   const std::string& text() const { return text_; }

@@ -129,7 +129,7 @@ void MakeFrame(Client& client) {
   MakeMenuBar(client);
 
   const bool nested = client.facts().generation != 3;
-  std::shared_ptr<ClientWindow> outer;
+  std::shared_ptr<HostedWindow> outer;
   const auto toolbar = std::make_shared<Toolbar>(client);
   if (nested)
     outer = std::make_shared<PlainWindow>(client);

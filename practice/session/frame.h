@@ -1,7 +1,7 @@
 // The main window: menu bar, toolbar, MDI client.
 #pragma once
 
-#include "practice/controls/client_window.h"
+#include "practice/client/client_window.h"
 
 #include <vector>
 

@@ -4,11 +4,10 @@
 #include "platform/own_windows.h"
 
 #include <memory>
-#include <string>
 
 namespace corvel::practice {
 
-class Client;
+class WindowHost;
 
 // What a control tells the window that it stands in.
 enum class Notice { kClick, kEnter, kControlEnter, kTab, kCharacter, kFocus };
@@ -16,11 +15,11 @@ enum class Notice { kClick, kEnter, kControlEnter, kTab, kCharacter, kFocus };
 // One window of the client. The object lives at least as long as its window, and until no call of
 // the client is on the stack any more, whoever destroys the window and when: so a procedure may
 // finish its work on an object whose window has gone, and must check Alive() after each send.
-class ClientWindow : public WindowProcedure, public std::enable_shared_from_this<ClientWindow> {
+class HostedWindow : public WindowProcedure, public std::enable_shared_from_this<HostedWindow> {
  public:
-  explicit ClientWindow(Client& client) : client_(client) {}
-  ClientWindow(const ClientWindow&) = delete;
-  ClientWindow& operator=(const ClientWindow&) = delete;
+  explicit HostedWindow(WindowHost& host) : host_(host) {}
+  HostedWindow(const HostedWindow&) = delete;
+  HostedWindow& operator=(const HostedWindow&) = delete;
 
   MessageResult OnMessage(Window window, const Message& message) final;
   Window window() const { return window_; }  // 0 before it is made and after it has died
@@ -29,6 +28,8 @@ class ClientWindow : public WindowProcedure, public std::enable_shared_from_this
 
   // A control inside was used. False: this window does nothing on it.
   virtual bool OnNotice(Notice notice, Window control, char character);
+  // A text window inside has taken the keyboard.
+  virtual void RememberFocus(Window) {}
 
  protected:
   virtual MessageResult Handle(const Message& message) { return Default(message); }
@@ -36,27 +37,28 @@ class ClientWindow : public WindowProcedure, public std::enable_shared_from_this
   MessageResult Default(const Message& message);
   // It will never have a window.
   void GiveUp() { gone_ = true; }
+  // The window that it stands in, if that is one of the client's; else nullptr.
+  HostedWindow* Parent() const;
   // Tells the parent, if that is a window of the client.
   bool Tell(Notice notice, char character = 0);
-  Client& client() { return client_; }
-  const Client& client() const { return client_; }
+  WindowHost& host() const { return host_; }
 
  private:
-  Client& client_;
+  WindowHost& host_;
   Window window_{};
   bool gone_ = false;
 };
 
 // A window that does nothing by itself: labels, pictures, gauges, check boxes, the MDI client.
-class PlainWindow : public ClientWindow {
+class PlainWindow : public HostedWindow {
  public:
-  using ClientWindow::ClientWindow;
+  using HostedWindow::HostedWindow;
 };
 
 // A picture button. Pressed and released it is clicked; a disabled one can't be.
-class Icon : public ClientWindow {
+class Icon : public HostedWindow {
  public:
-  using ClientWindow::ClientWindow;
+  using HostedWindow::HostedWindow;
 
  protected:
   MessageResult Handle(const Message& message) override;
