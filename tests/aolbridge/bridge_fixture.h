@@ -7,7 +7,7 @@
 #include "platform/desk/desk_peers.h"
 #include "platform/desk/desk_services.h"
 #include "platform/desk/desk_windows.h"
-#include "practice/desk_home.h"
+#include "practice/desk/desk_home.h"
 
 #include <functional>
 #include <gtest/gtest.h>
