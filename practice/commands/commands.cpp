@@ -146,7 +146,8 @@ class Turned {
         before_ == entry_ || before_ == client_.frame() || before_ == client_.mdi();
     if (!nowhere) return before_;
     const auto room = client_.Standing<RoomWindow>();
-    return room ? room->inputWindow() : Window{};
+    if (room) return room->inputWindow();
+    return client_.windows().FindChild(client_.frame(), {}, "AOL Toolbar", std::nullopt);
   }
   Client& client_;
   Window before_, entry_{};

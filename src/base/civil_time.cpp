@@ -1,5 +1,7 @@
 #include "base/civil_time.h"
 
+#include "base/text.h"
+
 #include <array>
 
 namespace corvel {
@@ -11,10 +13,6 @@ constexpr std::array<const char*, 7> kDays = {"Sunday",   "Monday", "Tuesday", "
 constexpr std::array<const char*, 12> kMonths = {"January",   "February", "March",    "April",
                                                  "May",       "June",     "July",     "August",
                                                  "September", "October",  "November", "December"};
-
-std::string TwoDigits(int number) {
-  return (number >= 0 && number < 10 ? "0" : "") + std::to_string(number);
-}
 
 }  // namespace
 

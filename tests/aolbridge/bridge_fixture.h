@@ -98,7 +98,9 @@ class Bridge {
 
  private:
   struct Body : desk::ProcessBody {
-    explicit Body(Platform& platform) : program(platform), client(program) {}
+    explicit Body(Platform& platform) : program(platform), client(program) {
+      client.Join(program.hub);
+    }
     void Start(const std::string&) override {}
     bool Finished() override { return false; }
     Program program;
