@@ -294,6 +294,10 @@ struct ScriptedClock : Clock, Before<Clock> {
     return CivilFromMilliseconds(MillisecondsFromCivil(home.Now()) + script.clockAhead);
   }
   std::string TimeZoneName() override { return script.timeZone; }
+  std::string DateText(const CivilTime& date, DateForm form) override {
+    return form == DateForm::kLong ? LongDate(date) : ShortDate(date);
+  }
+  std::string TimeText(const CivilTime& time) override { return LongTime(time); }
 };
 
 struct ScriptedRandom : Random, Before<Random> {

@@ -131,15 +131,16 @@ void ShowHelp(Program& program, std::string_view topic) {
 
 std::string BuildDate(Program& program) {
   const std::string& format = program.settings.EMail.DateFormat;
-  if (format == "1") return LongDate(program.platform.clock.Now());
-  if (format == "2") return ShortDate(program.platform.clock.Now());
+  Clock& clock = program.platform.clock;
+  if (format == "1") return clock.DateText(clock.Now(), DateForm::kLong);
+  if (format == "2") return clock.DateText(clock.Now(), DateForm::kShort);
   return {};
 }
 
 std::string BuildTime(Program& program) {
-  std::string time = LongTime(program.platform.clock.Now());
-  if (program.settings.EMail.IncludeTimeZone)
-    time += " " + CutAtNul(program.platform.clock.TimeZoneName());
+  Clock& clock = program.platform.clock;
+  std::string time = clock.TimeText(clock.Now());
+  if (program.settings.EMail.IncludeTimeZone) time += " " + CutAtNul(clock.TimeZoneName());
   return time;
 }
 

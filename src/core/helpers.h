@@ -37,6 +37,7 @@ void ClickWindow(Program& program, Window window);
 void OpenWithShell(Program& program, const forms::Form* form, std::string_view target);
 void ShowHelp(Program& program, std::string_view topic);
 
+// As the system writes them.
 std::string BuildDate(Program& program);  // by the DateFormat setting
 std::string BuildTime(Program& program);  // with or without the zone's name
 

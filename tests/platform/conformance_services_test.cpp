@@ -194,6 +194,15 @@ TEST_F(Services, TheClocksGoOnTogether) {
   EXPECT_NE(platform.clock.TimeZoneName(), "");
 }
 
+// The machines that this runs on are set to the US; only how many digits a year has is their own.
+TEST_F(Services, DatesAndTimesAreTextAsTheUserHasThem) {
+  const CivilTime time{1999, 11, 21, 20, 15, 0, 0};
+  EXPECT_EQ(platform.clock.DateText(time, DateForm::kLong), "Sunday, November 21, 1999");
+  const std::string shortDate = platform.clock.DateText(time, DateForm::kShort);
+  EXPECT_TRUE(shortDate == "11/21/99" || shortDate == "11/21/1999") << shortDate;
+  EXPECT_EQ(platform.clock.TimeText(time), "8:15:00 PM");
+}
+
 TEST_F(Services, APumpComesBackInTime) {
   home->Run([&] {
     const std::uint32_t begin = platform.clock.TickCount(), end = begin + 200;
