@@ -239,12 +239,11 @@ TEST_F(Waiting, NewCategoryIsAskedInFrontAndShownInAListOpenedMeanwhile) {
   script_.Run();
 }
 
-// A drive's own folder keeps its backslash: without it the path would be whatever folder of the
-// drive is the current one.
+// Also where the list shows another folder under that name: the built-in one's.
 TEST_F(Waiting, PathOfANewCategoryIsReadBackAsItWasWritten) {
   Click(0, "frmTabs.cmdNewCat");
   Click(100, "frmCMDialog.Command1");
-  Answer(100, "Root");
+  Answer(100, "Windows Directory");
   Look(300, [this] {
     ASSERT_FALSE(desk().Prompts().empty());
     desk::Prompt& question = *desk().Prompts().back();
