@@ -127,7 +127,7 @@ bool frmEditDesc::IsUsable(const Description& record) {
 }
 
 void frmEditDesc::cmdNew_Click() {
-  const auto record = AskDescription(program, *this, {});
+  const auto record = Ask<frmDescripAssign>(program, this, Description{});
   if (!record || !IsUsable(*record)) return;
   if (Row(RowOf(record->name)).name == record->name) {
     PlainBox(program, AlreadyExists(record->name), style::kOk + style::kInformation);
@@ -145,7 +145,7 @@ void frmEditDesc::cmdNew_Click() {
 void frmEditDesc::cmdEdit_Click() {
   if (ListView1.ListIndex() < 0) return;
   const Description old = Row(ListView1.ListIndex());
-  const auto record = AskDescription(program, *this, old);
+  const auto record = Ask<frmDescripAssign>(program, this, old);
   if (!record || !IsUsable(*record)) return;
   // Under another's name it would take that one's place.
   if (RowOf(record->name) >= 0 && !EqualNoCase(record->name, Trim(old.name))) {

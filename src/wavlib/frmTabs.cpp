@@ -103,7 +103,7 @@ void frmTabs::ConnectButtons() {
   }
   // Here and not with the rest of the start-up, which can wait for the user in the middle.
   const bool hasPanel = program.hub.commands.IsBuilt(Command::kFadeDesigner);
-  cmdFadeWav.SetEnabled(program.g.IsVersion4Or5() && hasPanel);
+  cmdFadeWav.SetEnabled(client_.CanFade() && hasPanel);
   if (!hasPanel) cmdFadeWav.SetToolTip(kNotBuiltTip);
 }
 

@@ -138,12 +138,8 @@ void frmTabs::lstWav_DblClick() {
     PreviewWav();
     return;
   }
-  WindowSystem& windows = program.platform.windows;
-  const Window top = windows.TopChild(program.g.hMDI);
-  const std::string title = client_.GetCaptionText(top);
-  const auto holds = [&](std::string_view part) { return title.find(part) != std::string::npos; };
-  if (program.g.hChatRoom || sender_.ComposeWindowByTitle() || sender_.NewIMWindow() ||
-      holds("Instant Message From:") || (holds("Corvel IM Manager") && windows.IsVisible(top)))
+  if (program.g.hChatRoom || client_.WriteMailByTitle() || client_.NewIMWindow() ||
+      client_.IMFromSomebodyOnTop() || program.platform.windows.IsVisible(client_.ManagerOnTop()))
     cmdSend_Click();
   else
     PreviewWav();
@@ -309,7 +305,7 @@ void frmTabs::chkGarland_Click() {
 }
 
 void frmTabs::cmdFadeWav_Click() {
-  if (!program.g.IsVersion4Or5()) {
+  if (!client_.CanFade()) {
     MsgBoxEx(program,
              "~B~CRAOL 4.0 not found!~B~CN~N ~NThe ~B~CBFadeWav~B~CN feature requires ~B~CBAOL "
              "4.0~B~CN and is not available with AOL 3.0",

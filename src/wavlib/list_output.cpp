@@ -37,7 +37,7 @@ void ComposeMail(Program& program, AolClient& client, const std::string& subject
                  const std::string& body) {
   WindowSystem& windows = program.platform.windows;
   const Window mail = client.AOLOpenEMail("", false);
-  const Window text = mail ? client.WaitChildByClass(mail, "RICHCNTL") : Window{};
+  const Window text = mail ? client.WaitForBody(mail) : Window{};
   if (!text) {
     MsgBoxEx(program,
              "~B~CRCorvel was unable to open an E-Mail window.~B~CN~N ~NPlease open an E-Mail by "
@@ -45,8 +45,7 @@ void ComposeMail(Program& program, AolClient& client, const std::string& subject
              style::kOk + style::kExclamation);
     return;
   }
-  constexpr int kSubject = 3;  // behind the two boxes for names
-  windows.SendText(client.FindChildByClass(mail, "_AOL_EDIT", kSubject), wm::kSetText, 0, subject);
+  windows.SendText(client.PartsOfMail(mail).subject, wm::kSetText, 0, subject);
   windows.SendText(text, wm::kSetText, 0, body);
 }
 

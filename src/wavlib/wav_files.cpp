@@ -6,7 +6,6 @@
 #include "core/report_error.h"
 #include "wavlib/frmSendTo.h"
 #include "wavlib/list_output.h"
-#include "wavlib/modal.h"
 #include "wavlib/path_check.h"
 
 namespace corvel {
@@ -92,13 +91,7 @@ std::optional<std::string> RenameWav(Program& program, const ListedWav& wav) {
 }
 
 std::optional<std::string> SendWavTo(Program& program, forms::Form& owner, const ListedWav& wav) {
-  const auto dialog = program.forms.LoadNew<frmSendTo>(program);
-  dialog->lblWav.SetCaption(wav.name);
-  dialog->lblWavFile.SetCaption(wav.path);
-  ShowModal(program, owner, *dialog, "SendWavTo");
-  std::string folder = dialog->IsLoaded() ? Trim(dialog->txtHistory.Text()) : std::string();
-  const bool move = dialog->optMove.Value();
-  dialog->Unload();
+  auto [folder, move] = Ask<frmSendTo>(program, &owner, wav.path, wav.name);
   if (folder.empty()) return std::nullopt;
   if (folder.ends_with('\\')) folder.pop_back();
   const std::string target = folder + "\\" + wav.name + ".wav";

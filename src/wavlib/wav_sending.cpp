@@ -16,63 +16,28 @@ namespace {
 
 constexpr double kBeforeDescription = 0.3;  // seconds
 
-bool IsIMTitle(const std::string& title) {
-  const auto colon = title.find(':');
-  const std::string begin = Lower(Trim(std::string_view(title).substr(0, colon + 1)));
-  return begin == ">instant message from:" || begin == "instant message from:" ||
-         begin == "instant message to:";
-}
-
 }  // namespace
 
 void WavSender::Send(const std::string& name, const GarlandChoice& garland, Window owner) {
   if (!SendToWindowOnTop(name, owner)) SendToRoom(name, garland);
 }
 
-Window WavSender::ComposeWindowByTitle() {
-  const Window mdi = program_.g.hMDI;
-  const std::string& title = program_.g.strings.AOLWriteTitle;
-  Window window{};
-  if (!title.empty()) window = program_.platform.windows.FindChild(mdi, {}, "AOL Child", title);
-  if (!window) window = client_.FindChildByTitle(mdi, "Re:");
-  if (!window) window = client_.FindChildByTitle(mdi, "Fwd:");
-  return window;
-}
-
-Window WavSender::NewIMWindow() {
-  return program_.platform.windows.FindChild(program_.g.hMDI, {}, "AOL Child",
-                                             "Send Instant Message");
-}
-
-// The IM that the manager shows, out of its client windows the one in front.
-Window WavSender::ManagedIM(Window manager) {
-  WindowSystem& windows = program_.platform.windows;
-  Window im{};
-  windows.EnumDescendants(manager, [&](Window window) {
-    if (EqualNoCase(windows.ClassOf(window), "AOL Child")) im = window;
-    return !im;
-  });
-  return im;
+// Known by its title alone, or by what stands in it.
+Window WavSender::WindowToWriteIn() {
+  if (const Window mail = client_.WriteMailByTitle()) return mail;
+  if (const Window mail = client_.WriteMailOnTop()) return mail;
+  return client_.NewIMWindow();
 }
 
 bool WavSender::SendToWindowOnTop(const std::string& name, Window owner) {
-  const Window top = program_.platform.windows.TopChild(program_.g.hMDI);
-  Window compose = ComposeWindowByTitle();
-  if (!compose) compose = client_.IsWriteMailWindow(top);
-  if (!compose) compose = NewIMWindow();
-  if (top && top == compose) {
-    InsertWavCode(client_.FindChildByClass(top, "RICHCNTL"), name, owner);
+  const Window top = client_.TopDocument();
+  if (top && top == WindowToWriteIn()) {
+    InsertWavCode(client_.BodyOf(top), name, owner);
     return true;
   }
-  const std::string title = client_.GetCaptionText(top);
-  Window im{};
-  if (program_.settings.IM.TabsOn) {
-    if (title.find("Corvel IM Manager") != std::string::npos) im = ManagedIM(top);
-  } else if (IsIMTitle(title)) {
-    im = top;
-  }
+  const Window im = program_.settings.IM.TabsOn ? client_.ManagedIMOnTop() : client_.IMOnTop();
   if (!im) return false;
-  InsertWavCode(client_.FindChildByClass(im, "RICHCNTL", 2), name, owner);
+  InsertWavCode(client_.PartsOfIM(im).entry, name, owner);
   return true;
 }
 

@@ -34,14 +34,9 @@ class WavSender {
   // Pastes the code at the caret of a rich text control of the client, through the clipboard.
   void InsertWavCode(Window control, const std::string& name, Window owner);
 
-  // A window that a mail is written in, known by its title alone, or 0.
-  Window ComposeWindowByTitle();
-  // The window that an IM is begun in, or 0.
-  Window NewIMWindow();
-
  private:
   bool SendToWindowOnTop(const std::string& name, Window owner);
-  Window ManagedIM(Window manager);
+  Window WindowToWriteIn();
   void SendToRoom(const std::string& name, const GarlandChoice& garland);
   std::string RoomLine(const std::string& name, const GarlandChoice& garland);
   std::string ChooseStyle(const GarlandChoice& garland);
