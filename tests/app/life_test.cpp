@@ -24,7 +24,7 @@ class PatientUser : public desk::Agent {
     if (insteadOfAnswering)
       insteadOfAnswering();
     else
-      desk_.peers().Click(desk_.peers().FindControl(form->window, "Command1", 0)->window);
+      hand_.Click(desk_.peers().FindControl(form->window, "Command1", 0)->window);
     return true;
   }
   std::optional<std::int64_t> NextActAt() override { return std::nullopt; }
@@ -34,6 +34,8 @@ class PatientUser : public desk::Agent {
 
  private:
   desk::Desk& desk_;
+  tools::DeskTouch touch_{desk_};
+  tools::Hand hand_{touch_};
   Window pressed_;
 };
 
@@ -239,8 +241,7 @@ TEST(Life, AClientThatVanishesTakesAnOpenMessageAlong) {
   life.Start();
   life.stage.desk().RunFor(3000);
   life.user.insteadOfAnswering = [&] { life.stage.desk().Kill(life.stage.ClientProcess()); };
-  auto& peers = life.stage.desk().peers();
-  peers.Close(peers.FindForm("frmCV7").value().window);
+  life.stage.hand().Close(life.stage.hand().FindForm("frmCV7").value().window);
   life.stage.desk().RunFor(5000);
   EXPECT_EQ(life.user.messages.size(), 1u);
   EXPECT_FALSE(life.Runs());
