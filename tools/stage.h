@@ -119,7 +119,9 @@ class Stage {
   Deed Select(Window control, int row, bool keepMarked) {
     return hand().Select(control, row, keepMarked);
   }
-  Deed Type(Window control, const std::string& wholeText) { return hand().Type(control, wholeText); }
+  Deed Type(Window control, const std::string& wholeText) {
+    return hand().Type(control, wholeText);
+  }
   Deed Press(Window control, Key key) { return hand().Press(control, key); }
   Deed Close(Window form) { return hand().Close(form); }
   virtual bool TrayMouse(LParam mouseMessage) = 0;                    // false: there is no icon

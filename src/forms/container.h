@@ -37,7 +37,7 @@ class Container : public Control {
   // Hangs it into a window of another process, from wherever it is. False, and nothing is changed,
   // if that window is gone or its process hangs.
   bool HangInto(Window host, const Rect& place);
-  void ComeHome();  // into the form, where it stood before
+  void ComeHome();                             // into the form, where it stood before
   Window Host() const { return state_.host; }  // 0 at home
 
   // Another program has given its window another size; its controls are arranged already.

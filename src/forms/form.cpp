@@ -118,9 +118,7 @@ void Form::SetOwner(Window owner) {
   if (peer_) platform().windows.SetOwner(Handle(), owner);
 }
 
-void Form::SetDraggedBy(Label& label) {
-  state_.draggable = label.state_.dragsForm = true;
-}
+void Form::SetDraggedBy(Label& label) { state_.draggable = label.state_.dragsForm = true; }
 
 void Form::SetBackColor(Color color) {
   state_.backColor = color;

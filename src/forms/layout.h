@@ -40,8 +40,8 @@ Box Stack(std::vector<Box> pages);
 // holds the controls inside: they are seen only while it is.
 Box Framed(Frame& frame, Box inside);
 
-// A container around a box without any margin: its controls stand in the container's window, and are
-// placed anew whenever that has another size.
+// A container around a box without any margin: its controls stand in the container's window, and
+// are placed anew whenever that has another size.
 Box Contained(Container& container, Box inside);
 
 // Places all controls of `content` in the whole of `room`, which has its corner at 0, 0; what needs

@@ -80,8 +80,8 @@ KeyDeed MoveFocus(const ControlStates& controls, const ControlState* focused, bo
 KeyDeed MoveInGroup(const ControlStates& controls, const ControlState* button, bool backward) {
   const ControlStates group = GroupOf(Focusable(controls, HungWith(*button)), button);
   if (group.empty()) return FocusDeed(nullptr);
-  const auto at = static_cast<std::size_t>(std::find(group.begin(), group.end(), button) -
-                                           group.begin());
+  const auto at =
+      static_cast<std::size_t>(std::find(group.begin(), group.end(), button) - group.begin());
   const ControlState* next = group[(at + (backward ? group.size() - 1 : 1)) % group.size()];
   return {IsOption(next) ? KeyDeed::Kind::kClick : KeyDeed::Kind::kFocus, next};
 }
@@ -123,8 +123,8 @@ ControlStates TabStops(const ControlStates& controls, const ControlState* hung) 
   for (const ControlState* control : order) {
     if (IsOption(control)) {
       const ControlStates group = GroupOf(order, control);
-      const auto chosen = std::find_if(group.begin(), group.end(),
-                                       [](const auto* one) { return one->value != 0; });
+      const auto chosen =
+          std::find_if(group.begin(), group.end(), [](const auto* one) { return one->value != 0; });
       if (control != (chosen == group.end() ? group.front() : *chosen)) continue;
     }
     stops.push_back(control);

@@ -90,8 +90,8 @@ struct ControlState {
   Window host{};
   bool dragsForm = false;  // a label: the left button on it drags the form, as a title bar does
 
-  std::vector<std::string> items;    // rows of a list, combo, list view, tab strip
-  std::vector<int> images;           // a row_image for each row of these two last; empty: none has one
+  std::vector<std::string> items;  // rows of a list, combo, list view, tab strip
+  std::vector<int> images;  // a row_image for each row of these two last; empty: none has one
   std::vector<std::string> columns;  // headings of a list view
   std::vector<bool> marked;          // selected rows of a list with multiple selection, else empty
   int selected = -1;                 // the current row

@@ -18,10 +18,10 @@ struct ManagerForm : TestForm {
 
   void Form_Load() override {
     outside.SetDefault(true);
-    Arrange(Column({Cell(outside),
-                    Contained(main, Column({Cell(tabs), Stretch(Cell(pane)),
-                                            Contained(tool, Row({Space(), Cell(send),
-                                                                 Cell(cancel)}))}))}));
+    Arrange(Column(
+        {Cell(outside),
+         Contained(main, Column({Cell(tabs), Stretch(Cell(pane)),
+                                 Contained(tool, Row({Space(), Cell(send), Cell(cancel)}))}))}));
     TestForm::Form_Load();
   }
 };

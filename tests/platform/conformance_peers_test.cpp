@@ -309,7 +309,8 @@ class ContainerTest : public PeersTest {
   }
   Window MakeFrame() {
     return home->other().Make(
-        "f", {.className = "Frame", .caption = {}, .place = {200, 100, 300, 200}, .systemClass = {}});
+        "f",
+        {.className = "Frame", .caption = {}, .place = {200, 100, 300, 200}, .systemClass = {}});
   }
   // As the toolkit does it.
   void Hang(Window host) {
@@ -438,7 +439,7 @@ TEST_F(PeersTest, AFormIsDraggedByALabelOfIt) {
 }
 
 TEST_F(PeersTest, TheFocusPassesOnFromWhatGoesOutOfReach) {
-  for (int i = 0; Control* control : {&*button, &*list, &*text}) control->state.tabOrder = i++;
+  for (int i = 0; Control * control : {&*button, &*list, &*text}) control->state.tabOrder = i++;
   home->Run([&] { button->peer->TakeFocus(); });
   home->Run([&] { button->Set(&ControlState::enabled, false); });
   EXPECT_EQ(windows.Focus(), Of(*list));

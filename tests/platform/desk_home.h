@@ -56,7 +56,7 @@ class DeskOther : public OtherProcess, public WindowProcedure {
 
 class DeskUser : public UserWithHand, public desk::Agent {
  public:
-  DeskUser(desk::Desk& desk, Home& home) 
+  DeskUser(desk::Desk& desk, Home& home)
       : UserWithHand(std::make_unique<tools::DeskTouch>(desk), home), desk_(desk) {}
   void WillAnswer(Answer answer) override;
   bool Act() override;

@@ -112,7 +112,9 @@ class UserWithHand : public User {
     return Come(hand_.Type(control, text));
   }
   std::string Press(Window control, Key key) override { return Come(hand_.Press(control, key)); }
-  std::string Drag(Window label, int dx, int dy) override { return Come(hand_.Drag(label, dx, dy)); }
+  std::string Drag(Window label, int dx, int dy) override {
+    return Come(hand_.Drag(label, dx, dy));
+  }
   std::string Close(Window form) override { return Come(hand_.Close(form)); }
   std::string MoveForm(Window form, int left, int top) override {
     return Come(hand_.MoveForm(form, left, top));

@@ -22,6 +22,7 @@ class AnyForm : public Form {
   explicit AnyForm(Forms& forms) : Form(forms, "frmAny", "Any form") {}
   using Form::Arrange;
   using Form::SetBorder;
+  using Form::SetDraggedBy;
   using Form::SetEtchedEdge;
   using Form::SetResizable;
   std::function<bool(bool)> onQueryUnload;

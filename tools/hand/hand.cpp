@@ -149,7 +149,8 @@ Deed Hand::Close(Window form) {
 }
 
 Deed Hand::MoveForm(Window form, int left, int top) {
-  return DoToForm(form, {}, [this, left, top](const Found& at) { touch_.Move(at.form, left, top); });
+  return DoToForm(form, {},
+                  [this, left, top](const Found& at) { touch_.Move(at.form, left, top); });
 }
 
 }  // namespace corvel::tools

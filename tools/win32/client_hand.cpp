@@ -2,8 +2,8 @@
 #include "tools/win32/client_hand.h"
 
 #include "platform/win32/handles.h"
-#include "tools/win32/message_touch.h"
 #include "tools/user.h"
+#include "tools/win32/message_touch.h"
 
 #include <cstdlib>
 

@@ -218,8 +218,7 @@ void MessageTouch::GoTo(const ControlView& control) {
 
 void MessageTouch::Click(const ControlView& control) {
   const HWND window = HwndOf(control);
-  const LPARAM middle =
-      MAKELPARAM(control.state->place.width / 2, control.state->place.height / 2);
+  const LPARAM middle = MAKELPARAM(control.state->place.width / 2, control.state->place.height / 2);
   Send(window, WM_LBUTTONDOWN, MK_LBUTTON, middle);
   Send(window, WM_LBUTTONUP, 0, middle);
 }

@@ -1,5 +1,5 @@
-// Forms and controls on the desk: each is a desk window whose state the toolkit keeps. Whoever looks
-// on finds them here, by name or by window.
+// Forms and controls on the desk: each is a desk window whose state the toolkit keeps. Whoever
+// looks on finds them here, by name or by window.
 #pragma once
 
 #include "platform/desk/desk.h"

@@ -18,9 +18,7 @@ class Container : public GripControl {
   using GripControl::GripControl;
 
  protected:
-  WindowKind Kind() const override {
-    return {kControlClass, WS_CLIPCHILDREN, WS_EX_CONTROLPARENT};
-  }
+  WindowKind Kind() const override { return {kControlClass, WS_CLIPCHILDREN, WS_EX_CONTROLPARENT}; }
   void Show(Aspect aspect, int row) override {
     GripControl::Show(aspect, row);
     if (aspect == Aspect::kPlace) InvalidateRect(Hwnd(), nullptr, TRUE);
@@ -28,8 +26,7 @@ class Container : public GripControl {
   std::optional<LRESULT> OnMessage(UINT id, WPARAM wParam, LPARAM lParam) override {
     const bool told = std::find(std::begin(kToldByControls), std::end(kToldByControls), id) !=
                       std::end(kToldByControls);
-    if (told && Form() && Form()->Hwnd())
-      return SendMessageA(Form()->Hwnd(), id, wParam, lParam);
+    if (told && Form() && Form()->Hwnd()) return SendMessageA(Form()->Hwnd(), id, wParam, lParam);
     if (id == WM_ERASEBKGND) return Erase(reinterpret_cast<HDC>(wParam)), 1;
     if ((id == WM_MOVE || id == WM_SIZE) && !IsUpdating()) return TellPlace(), 0;
     return GripControl::OnMessage(id, wParam, lParam);
@@ -48,8 +45,7 @@ class Container : public GripControl {
     MapWindowPoints(nullptr, GetParent(Hwnd()), reinterpret_cast<POINT*>(&area), 2);
     const Rect place{static_cast<int>(area.left), static_cast<int>(area.top), WidthOf(area),
                      HeightOf(area)};
-    if (place != State().place)
-      Calls([&](ControlEvents& events) { events.WindowPlaced(place); });
+    if (place != State().place) Calls([&](ControlEvents& events) { events.WindowPlaced(place); });
   }
 };
 

@@ -4,11 +4,11 @@
 // A control is a window of the system's classes whose procedure comes to us first. The toolkit
 // holds the state; what the user does goes to its events, and the window is then brought in step.
 //
-// Controls stand in the form's window or in that of a container, which passes on to the form's window
-// what they tell it. A container hangs in a window of another process by the system's own SetParent.
-// Wine 8 draws nothing of a window in one of another process, Windows does; what makes up for that
-// (a pop-up of the form that lies over the host and follows it) would belong into the container's
-// peer, behind the same state.
+// Controls stand in the form's window or in that of a container, which passes on to the form's
+// window what they tell it. A container hangs in a window of another process by the system's own
+// SetParent. Wine 8 draws nothing of a window in one of another process, Windows does; what makes
+// up for that (a pop-up of the form that lies over the host and follows it) would belong into the
+// container's peer, behind the same state.
 //
 // Any call to the events may destroy this object, so nothing is touched behind one unless `Calls`
 // says that it still lives. What a control of the system tells in the midst of its own work (a

@@ -50,7 +50,7 @@ class Win32Form : public FormPeer {
   const FormState& State() const { return state_; }
   FormEvents& Events() const { return events_; }
   const std::vector<Win32Control*>& Controls() const { return controls_; }
-  Win32Control* ControlAt(HWND window) const;  // of this form, as FormSet::ControlAt
+  Win32Control* ControlAt(HWND window) const;                // of this form, as FormSet::ControlAt
   Win32Control* ControlOf(const ControlState* state) const;  // nullptr for none
   ControlStates States() const;
   // The window that a control is to stand in: nullptr if its container's has gone.

@@ -1,5 +1,5 @@
-// Clicking what has no use of its own for the mouse: labels, pictures, bare containers; and dragging
-// a form by one of its labels.
+// Clicking what has no use of its own for the mouse: labels, pictures, bare containers; and
+// dragging a form by one of its labels.
 #pragma once
 
 #include "platform/win32/win32_control_peer.h"

@@ -4,9 +4,10 @@
 
 #include "platform/peers.h"
 
+#include <windows.h>
+
 #include <commctrl.h>
 #include <cstddef>
-#include <windows.h>
 
 namespace corvel::win32 {
 

@@ -186,8 +186,7 @@ class TabStrip : public Win32Control {
  protected:
   WindowKind Kind() const override { return {"SysTabControl32"}; }
   void Show(Aspect aspect, int row) override {
-    if (!State().images.empty())
-      Send(TCM_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(RowPictures()));
+    if (!State().images.empty()) Send(TCM_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(RowPictures()));
     const auto at = static_cast<WPARAM>(row);
     if (aspect == Aspect::kItemInserted)
       Put(TCM_INSERTITEMA, at);
@@ -229,8 +228,7 @@ class ProgressBar : public Win32Control {
  protected:
   WindowKind Kind() const override { return {"msctls_progress32"}; }
   void Show(Aspect aspect, int row) override {
-    if (aspect == Aspect::kAll || aspect == Aspect::kLook)
-      Send(PBM_SETRANGE32, 0, State().maximum);
+    if (aspect == Aspect::kAll || aspect == Aspect::kLook) Send(PBM_SETRANGE32, 0, State().maximum);
     if (aspect == Aspect::kAll || aspect == Aspect::kValue || aspect == Aspect::kLook)
       Send(PBM_SETPOS, static_cast<WPARAM>(State().value));
     Win32Control::Show(aspect, row);

@@ -46,8 +46,13 @@ class Win32Other : public OtherProcess, public WindowProcedure {
   void SendText(Window window, MessageId id, const std::string& text) override;
   bool StartSound(const std::string& path) override;
   ProcessId Id() override { return program_.id(); }
-  void Crash() override { program_.End(); }
-  void Settle() { Request({"settle"}); }
+  void Crash() override {
+    program_.End();
+    crashed_ = true;
+  }
+  void Settle() {
+    if (!crashed_) Request({"settle"});
+  }
 
   MessageResult OnMessage(Window window, const Message& message) override;
 
@@ -59,6 +64,7 @@ class Win32Other : public OtherProcess, public WindowProcedure {
   OtherProgram program_;
   Window channel_{};
   Words reply_;
+  bool crashed_ = false;
 };
 
 // Its answers come from a timer, which the loops of dialogs and menus run too.
