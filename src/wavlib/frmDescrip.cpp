@@ -23,7 +23,7 @@ frmDescrip::frmDescrip(Program& program)
   lblDes.SetWordWrap(true);
   lblDes.SetMnemonic(false);
   lblDes.SetAccessibleName("Wav description");
-  lblDes.onDrag = [this](int dx, int dy) { lblDes_Drag(dx, dy); };
+  SetDraggedBy(lblDes);
 }
 
 void frmDescrip::Form_Load() {
@@ -54,12 +54,6 @@ void frmDescrip::Form_Move() {
 
 void frmDescrip::Form_Resize() {
   lblDes.SetPlace({0, 0, State().place.width, State().place.height});
-}
-
-void frmDescrip::lblDes_Drag(int dx, int dy) {
-  const int twips = platform().display.TwipsPerPixel();
-  MoveTo(Left() + dx * twips, Top() + dy * twips);
-  Form_Move();
 }
 
 }  // namespace corvel

@@ -4,6 +4,7 @@
 #include "platform/desk/desk_peers.h"
 #include "platform/desk/desk_services.h"
 #include "tests/platform/home.h"
+#include "tools/hand/desk_touch.h"
 
 #include <map>
 #include <set>
@@ -37,6 +38,7 @@ class DeskOther : public OtherProcess, public WindowProcedure {
   }
   bool StartSound(const std::string& path) override;
   ProcessId Id() override { return id_; }
+  void Crash() override { desk_.Kill(id_); }
 
   MessageResult OnMessage(Window window, const Message& message) override;
   // Called for each message before it is answered.
@@ -52,9 +54,10 @@ class DeskOther : public OtherProcess, public WindowProcedure {
   std::vector<std::string> log_;
 };
 
-class DeskUser : public UserAt<desk::DeskPeers>, public desk::Agent {
+class DeskUser : public UserWithHand, public desk::Agent {
  public:
-  DeskUser(desk::Desk& desk, Home& home) : UserAt(desk.peers(), home), desk_(desk) {}
+  DeskUser(desk::Desk& desk, Home& home)
+      : UserWithHand(std::make_unique<tools::DeskTouch>(desk), home), desk_(desk) {}
   void WillAnswer(Answer answer) override;
   bool Act() override;
   std::optional<std::int64_t> NextActAt() override { return std::nullopt; }

@@ -6,13 +6,13 @@
 #pragma once
 
 #include "app/corvel_process.h"
-#include "platform/win32/win32_peers.h"
 #include "platform/win32/win32_platform.h"
 #include "practice/win32/channel_client.h"
 #include "tools/scripted_platform.h"
 #include "tools/stage.h"
 #include "tools/win32/client_hand.h"
 #include "tools/win32/control_hand.h"
+#include "tools/win32/message_touch.h"
 #include "tools/win32/run_drive.h"
 
 #include <deque>
@@ -73,15 +73,7 @@ class Win32Stage : public Stage {
   bool ProgramWaitsForUser() override;
   void EndAll() override;
 
-  std::vector<FormView> Forms() override;
-  std::vector<ControlView> ControlsOf(Window form) override;
-  Deed Click(Window control) override;
-  Deed DoubleClick(Window control) override;
-  Deed RightClick(Window control) override;
-  Deed Select(Window control, int row, bool keepMarked) override;
-  Deed Type(Window control, const std::string& wholeText) override;
-  Deed Press(Window control, Key key) override;
-  Deed Close(Window form) override;
+  Hand& hand() override { return byHand_ ? byHand_->hand : messageHand_; }
   bool TrayMouse(LParam mouseMessage) override;
   std::vector<std::shared_ptr<desk::Prompt>>& Prompts() override { return script_.prompts; }
   Menus& menus() override { return home_.platform().menus; }
@@ -110,6 +102,7 @@ class Win32Stage : public Stage {
     ~ByHand();
     Hands hands;
     ControlHand controls;
+    Hand hand;
     ClientHand client;
     UINT_PTR timer;
   };
@@ -124,8 +117,7 @@ class Win32Stage : public Stage {
   std::string WhatClientSays();
   void StartProgram(const std::string& commandLine);
   Deed Post(std::function<void()> run);
-  Deed Done(const win32::Win32Peers::Done& done);
-  Deed Begun(const std::string& refusal);
+  Deed Begun();
   static void CALLBACK Tick(HWND, UINT, UINT_PTR, DWORD);
   void OnTick();
   void EndFinished();
@@ -138,6 +130,8 @@ class Win32Stage : public Stage {
   const Options options_;
   const std::uint32_t begin_;
   win32::Win32Platform home_;
+  MessageTouch touch_{home_};
+  Hand messageHand_{touch_};
   RunDrive drive_{home_.platform()};
   practice::PracticeChannel channel_;
   Library library_{*this};

@@ -38,12 +38,6 @@ class TextBox : public Win32Control {
     if (!State().multiLine) Send(EM_SETSEL, 0, -1);
     Win32Control::TakeFocus();
   }
-  // EM_REPLACESEL tells of the change as typing does; setting the text of a box of several lines
-  // doesn't.
-  void HandType(const std::string& text) override {
-    Send(EM_SETSEL, 0, -1);
-    Send(EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(text.c_str()));
-  }
 
  protected:
   WindowKind Kind() const override {

@@ -70,9 +70,13 @@ OtherProgram::OtherProgram() {
   channel_ = WaitForChannel();
 }
 
-OtherProgram::~OtherProgram() {
+void OtherProgram::End() {
   TerminateProcess(process_.hProcess, 0);
   WaitForSingleObject(process_.hProcess, INFINITE);
+}
+
+OtherProgram::~OtherProgram() {
+  End();
   CloseHandle(process_.hThread);
   CloseHandle(process_.hProcess);
 }

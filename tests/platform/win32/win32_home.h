@@ -3,11 +3,11 @@
 
 #include "platform/own_windows.h"
 #include "platform/win32/owned.h"
-#include "platform/win32/win32_peers.h"
 #include "platform/win32/win32_platform.h"
 #include "tests/platform/home.h"
 #include "tests/platform/win32/channel.h"
 #include "tests/platform/win32/wine_printer.h"
+#include "tools/win32/message_touch.h"
 
 #include <memory>
 
@@ -21,6 +21,7 @@ class OtherProgram {
   OtherProgram(const OtherProgram&) = delete;
   OtherProgram& operator=(const OtherProgram&) = delete;
 
+  void End();
   ProcessId id() const { return process_.dwProcessId; }
   HWND channel() const { return channel_; }
 
@@ -45,7 +46,13 @@ class Win32Other : public OtherProcess, public WindowProcedure {
   void SendText(Window window, MessageId id, const std::string& text) override;
   bool StartSound(const std::string& path) override;
   ProcessId Id() override { return program_.id(); }
-  void Settle() { Request({"settle"}); }
+  void Crash() override {
+    program_.End();
+    crashed_ = true;
+  }
+  void Settle() {
+    if (!crashed_) Request({"settle"});
+  }
 
   MessageResult OnMessage(Window window, const Message& message) override;
 
@@ -57,12 +64,13 @@ class Win32Other : public OtherProcess, public WindowProcedure {
   OtherProgram program_;
   Window channel_{};
   Words reply_;
+  bool crashed_ = false;
 };
 
 // Its answers come from a timer, which the loops of dialogs and menus run too.
-class Win32User : public UserAt<win32::Win32Peers> {
+class Win32User : public UserWithHand {
  public:
-  using UserAt::UserAt;
+  using UserWithHand::UserWithHand;
   ~Win32User() override { Forget(); }
   void WillAnswer(Answer answer) override;
 
@@ -93,7 +101,7 @@ class Win32Home : public Home {
   win32::Win32Platform system_;
   win32::OwnedHandle held_;
   std::optional<WinePrinter> printer_;
-  Win32User user_{system_.peers(), *this};
+  Win32User user_{std::make_unique<tools::MessageTouch>(system_), *this};
   Win32Other other_{system_.platform().ownWindows};
 };
 
