@@ -116,6 +116,67 @@ TEST_F(Messages, KeysGoToTheFocus) {
                                   "edit:keydown(38)", "edit:keyup(38)"}));
 }
 
+TEST_F(Messages, OfAKeyWithControlBeginAndEndWithControls) {
+  const Window frame = Make("frame"), edit = Make("edit", frame, "EDIT");
+  other.Record({wm::kKeyDown, wm::kChar, wm::kKeyUp});
+  windows.SetFocus(edit);
+  const struct {
+    int key;
+    const char* character;  // "" if it types none
+  } kTable[] = {{13, "10"}, {8, "127"},  {9, ""},   {27, "27"}, {32, "32"},
+                {'A', "1"}, {'Z', "26"}, {'0', ""}, {0x26, ""}};
+  for (const auto& row : kTable) {
+    windows.TypeControlKey(row.key);
+    home->RunFor(20);
+    const std::string key = std::to_string(row.key);
+    Log expected{"edit:keydown(17)", "edit:keydown(" + key + ")"};
+    if (*row.character) expected.push_back(std::string("edit:char(") + row.character + ")");
+    expected.insert(expected.end(), {"edit:keyup(" + key + ")", "edit:keyup(17)"});
+    EXPECT_EQ(other.TakeLog(), expected) << row.key;
+  }
+  windows.TypeKey(13);
+  home->RunFor(20);
+  EXPECT_EQ(other.TakeLog(), (Log{"edit:keydown(13)", "edit:char(13)", "edit:keyup(13)"}));
+}
+
+// A key that goes down in one of its windows takes the focus to the other one.
+class Passing : public WindowProcedure {
+ public:
+  explicit Passing(Platform& platform) : platform_(platform) {}
+  MessageResult OnMessage(Window window, const Message& message) override {
+    if (message.id >= wm::kKeyDown && message.id <= wm::kChar)
+      log.push_back(LogLine(window == one ? "one" : "two", message));
+    if (message.id == wm::kKeyDown) platform_.windows.SetFocus(window == one ? two : one);
+    return platform_.ownWindows.Default(window, message);
+  }
+  Window one{}, two{};
+  Log log;
+
+ private:
+  Platform& platform_;
+};
+
+TEST_F(Messages, OfAKeyGoToTheFocusThatTheOneBeforeHasMoved) {
+  Platform& platform = home->platform();
+  Passing passing(platform);
+  home->Run([&] {
+    const auto make = [&](Window parent) {
+      return platform.ownWindows.Create(
+          {.className = "Passing", .caption = {}, .parent = parent, .systemClass = {}}, passing);
+    };
+    const Window frame = make({});
+    passing.one = make(frame);
+    passing.two = make(frame);
+    windows.SetFocus(passing.one);
+    windows.TypeKey(9);
+    windows.TypeKey(9);
+    home->RunFor(50);
+    platform.ownWindows.Destroy(frame);
+  });
+  EXPECT_EQ(passing.log, (Log{"one:keydown(9)", "one:char(9)", "two:keyup(9)", "two:keydown(9)",
+                              "two:char(9)", "one:keyup(9)"}));
+}
+
 TEST_F(Messages, PostedToAnotherProcessComeInOrder) {
   const Window a = Make("a"), b = Make("b");
   other.Record({wm::kUser});

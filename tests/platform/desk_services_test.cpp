@@ -63,6 +63,9 @@ TEST_F(ServicesTest, ATrayIconSendsItsMouseMessages) {
   EXPECT_FALSE(services.TrayMouse(wm::kLButtonDown));
   shell.AddTrayIcon(owner, wm::kUser + 5, "Corvel 32");
   EXPECT_EQ(services.TrayIcons(), std::vector<std::string>{"Corvel 32"});
+  EXPECT_EQ(services.ShownInTray(), TrayPicture::kNormal);
+  shell.ChangeTrayIcon(owner, TrayPicture::kImsOff);
+  EXPECT_EQ(services.ShownInTray(), TrayPicture::kImsOff);
   EXPECT_TRUE(services.TrayMouse(wm::kRButtonDown));
   desk().RunDue();
   EXPECT_EQ(log.seen, std::vector<LParam>{wm::kRButtonDown});

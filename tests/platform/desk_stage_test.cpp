@@ -94,12 +94,12 @@ TEST_F(DeskStageTest, AFaultHitsTheNthCallOnItsPathOnly) {
 }
 
 TEST_F(DeskStageTest, ADriveCanBeEmpty) {
-  drive.SetDriveState('D', 71);
-  EXPECT_EQ(files.DriveState("d:"), 71);
+  drive.SetDrive('D', DriveKind::kCd, false);
+  EXPECT_EQ(files.DriveState("d:"), 68);
   EXPECT_EQ(ErrorOf([&] { files.Read("D:\\x"); }), 71);
   EXPECT_FALSE(files.Exists("D:\\*.*"));
   EXPECT_FALSE(files.IsFolder("D:\\"));
-  drive.SetDriveState('D', 0);
+  drive.SetDrive('D', DriveKind::kCd);
   files.Write("D:\\x", "disc");
   EXPECT_EQ(files.Drives(), (Words{"a:", "c:", "d:"}));
 }

@@ -36,6 +36,10 @@ class ScriptedStage : public DeskStage {
     script_.faults.FailCall(call, errorNumber, part);
   }
   void SetFreeSpace(std::int64_t bytes) override { script_.faults.SetFreeSpace(bytes); }
+  void SetDrive(char letter, DriveKind kind, bool hasDisk) override {
+    AddDrive(desk().platform().files, script_.drives, letter, {kind, hasDisk});
+  }
+  desk::WebTable& web() override { return script_.web; }
   Deed Start(const std::string& commandLine) override {
     script_.commandLine = commandLine;
     script_.previousInstance = ProgramRuns();

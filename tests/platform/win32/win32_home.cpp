@@ -5,6 +5,7 @@
 #include "platform/win32/callback.h"
 #include "platform/win32/handles.h"
 #include "platform/win32/win32_processes.h"
+#include "tests/platform/win32/wine_path.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -199,6 +200,26 @@ std::string Win32Home::CommandLine() {
 }
 
 bool Win32Home::HasTaskbar() { return FindWindowA("Shell_TrayWnd", nullptr) != nullptr; }
+
+// The folder of a drive without a disk isn't there.
+void Win32Home::SetDrive(char letter, DriveKind kind, bool hasDisk) {
+  const std::string folder = Folder();
+  const std::string disk = folder + "\\DRIVE-" + letter;
+  if (hasDisk) CreateDirectoryA(disk.c_str(), nullptr);
+  if (!drives_) drives_.emplace();
+  drives_->Set(letter, kind, hasDisk ? PathBelow(disk) : PathBelow(folder) + "/no disk");
+}
+
+WebServer& Win32Home::Server() {
+  if (!server_) server_.emplace();
+  return *server_;
+}
+
+std::string Win32Home::Serve(const std::string& path, const std::string& text) {
+  return Server().Serve(path, text);
+}
+
+std::string Win32Home::SilentAddress() { return Server().SilentAddress(); }
 
 void Win32Home::SetPrinter(bool isThere) {
   printer_.reset();
