@@ -62,8 +62,14 @@ constexpr Item kItems[] = {
 constexpr const char* kOthers[] = {"capability", "cue",  "info", "pause", "play", "record",
                                    "resume",     "save", "seek", "set",   "stop", "sysinfo"};
 
-MediaCommand Split(std::string_view command) {
-  MediaCommand split;
+// A command taken apart: words by blanks, and what stands in quotes as one word.
+struct Command {
+  std::uint32_t error = 0;
+  std::vector<std::string> words{};
+};
+
+Command Split(std::string_view command) {
+  Command split;
   while (!command.empty()) {
     if (command.front() == ' ') {
       command.remove_prefix(1);
@@ -89,7 +95,7 @@ const DeskMedia::Row DeskMedia::kRows[] = {
 
 MediaReply DeskMedia::Send(std::string_view command) {
   if (command.empty()) return {.error = media_error::kNoCommand};
-  MediaCommand split = Split(command);
+  Command split = Split(command);
   if (split.error) return {.error = split.error};
   Words& words = split.words;
   if (words.size() > 1 && EqualNoCase(words.back(), kWait)) words.pop_back();

@@ -11,12 +11,6 @@
 
 namespace corvel::desk {
 
-// A command taken apart: words by blanks, and what stands in quotes as one word.
-struct MediaCommand {
-  std::uint32_t error = 0;
-  std::vector<std::string> words{};
-};
-
 class DeskMedia : public MediaControl {
  public:
   explicit DeskMedia(Desk& desk) : desk_(desk) {}

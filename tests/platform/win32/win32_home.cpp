@@ -18,7 +18,7 @@ namespace {
 std::string Word(Window window) { return std::to_string(window.value); }
 std::string Word(bool flag) { return flag ? "1" : "0"; }
 
-constexpr char kPrinted[] = "C:\\CONFORM\\printed.ps";
+constexpr char kFolder[] = "C:\\CONFORM", kPrinted[] = "C:\\CONFORM\\printed.ps";
 
 std::string Beside(const char* name) {
   char path[MAX_PATH];
@@ -203,11 +203,10 @@ bool Win32Home::HasTaskbar() { return FindWindowA("Shell_TrayWnd", nullptr) != n
 
 // The folder of a drive without a disk isn't there.
 void Win32Home::SetDrive(char letter, DriveKind kind, bool hasDisk) {
-  const std::string folder = Folder();
-  const std::string disk = folder + "\\DRIVE-" + letter;
+  const std::string disk = std::string(kFolder) + "\\DRIVE-" + letter;
   if (hasDisk) CreateDirectoryA(disk.c_str(), nullptr);
   if (!drives_) drives_.emplace();
-  drives_->Set(letter, kind, hasDisk ? PathBelow(disk) : PathBelow(folder) + "/no disk");
+  drives_->Set(letter, kind, hasDisk ? PathBelow(disk) : PathBelow(kFolder) + "/no disk");
 }
 
 WebServer& Win32Home::Server() {
@@ -232,11 +231,10 @@ Log Win32Home::Printed() { return PrintedLines(platform().files.Read(kPrinted));
 bool Win32Home::IsSeenByAnotherInstance() { return win32::Win32Processes().PreviousInstance(); }
 
 std::string Win32Home::Folder() {
-  const std::string folder = "C:\\CONFORM";
   SetCurrentDirectoryA("C:\\");  // a dialog for paths may have gone into it
-  CreateDirectoryA(folder.c_str(), nullptr);
-  EmptyFolder(folder);
-  return folder;
+  CreateDirectoryA(kFolder, nullptr);
+  EmptyFolder(kFolder);
+  return kFolder;
 }
 
 void Win32Home::RunFor(std::int64_t ms) {
