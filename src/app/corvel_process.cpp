@@ -1,6 +1,5 @@
 #include "app/corvel_process.h"
 
-#include "app/compose.h"
 #include "base/error.h"
 #include "core/helpers.h"
 #include "core/main.h"
@@ -9,13 +8,6 @@
 namespace corvel {
 
 namespace {
-
-// An error that no procedure has dealt with is reported like any other, under the name of the event
-// procedure that it has left. That can't be run again from here: retrying goes on, too.
-void ReportUnhandled(Program& program, const RunTimeError& error, const char* form,
-                     const char* procedure) {
-  if (ReportError(program, {form, procedure}, error) == ErrorAnswer::kStop) StopProgram(program);
-}
 
 // Long fades let what is due happen on their way.
 void YieldToEvents(Platform& platform) {
@@ -28,13 +20,19 @@ CorvelProcess::CorvelProcess(Platform& platform)
     : program_(platform),
       client_(program_),
       fader_(program_.settings.Fader, [&platform] { YieldToEvents(platform); }),
-      wavLibrary_(program_, client_, fader_),
-      accessModes_(program_, client_) {
+      faderSwitch_(program_),
+      voice_(program_, client_, fader_),
+      wavLibrary_(program_, client_, voice_),
+      shell_(program_, client_) {
   program_.forms.onUnhandledError = [this](const RunTimeError& error, const char* form,
                                            const char* procedure) {
-    ReportUnhandled(program_, error, form, procedure);
+    ReportUnhandled(program_, form, procedure, error);
   };
-  Compose(program_, client_, wavLibrary_, accessModes_);
+  Hub& hub = program_.hub;
+  client_.Join(hub);
+  faderSwitch_.Join(hub);
+  wavLibrary_.Join(hub);
+  shell_.Join(hub);
 }
 
 void CorvelProcess::Start() {

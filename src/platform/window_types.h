@@ -63,6 +63,7 @@ inline constexpr MessageId kEraseBackground = 0x0014;
 inline constexpr MessageId kShowWindow = 0x0018;
 inline constexpr MessageId kChildActivate = 0x0022;
 inline constexpr MessageId kNcDestroy = 0x0082;
+inline constexpr MessageId kEditSetSelection = 0x00B1;  // from wParam to lParam
 inline constexpr MessageId kKeyDown = 0x0100;
 inline constexpr MessageId kKeyUp = 0x0101;
 inline constexpr MessageId kChar = 0x0102;

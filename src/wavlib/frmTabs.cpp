@@ -5,10 +5,10 @@
 #include "core/helpers.h"
 #include "core/looks.h"
 #include "core/main.h"
+#include "core/menu_rows.h"
 #include "core/report_error.h"
 #include "wavlib/frmDescrip.h"
 #include "wavlib/garland_styles.h"
-#include "wavlib/menu_rows.h"
 #include "wavlib/wav_categories.h"
 
 #include <algorithm>
@@ -21,7 +21,7 @@ constexpr const char* kWavListSection = "Wav List";
 
 }  // namespace
 
-frmTabs::frmTabs(Program& program, AolClient& client, Fader& fader)
+frmTabs::frmTabs(Program& program, AolClient& client, RoomVoice& voice)
     : ProgramForm(program, "frmTabs", "Wav List"),
       cboList(*this, "cboList"),
       cmdMin(*this, "cmdMin", "Min"),
@@ -49,12 +49,15 @@ frmTabs::frmTabs(Program& program, AolClient& client, Fader& fader)
               MenuItem("Send to Text", [this] { SendCurrentToText(); }),
               MenuItem("Preview", [this] { PreviewWav(); }), Separator(),
               MenuItem("Edit Wav Description", [this] { EditWavDescrip(); }),
-              MenuItem("Show Wav Description Window", [this] { ToggleDescrip(); }),
+              MenuItem(WavRow::kDescriptions, "Show Wav Description Window",
+                       [this] { ToggleDescrip(); }),
               GreyedItem("Change Garland Style"), GreyedItem("Attach to E-Mail"), Separator(),
-              MenuItem("Delete Wav From System", [this] { cmdDel_Click(); }),
-              MenuItem("Rename Wav", [this] { RenameCurrent(); }),
-              MenuItem("Move Selected Wav", [this] { SendCurrentTo(); }), Separator(),
-              MenuItem("Add to FavWav List", [this] { AddFavWavPath(CurrentPath()); }),
+              MenuItem(WavRow::kDelete, "Delete Wav From System", [this] { cmdDel_Click(); }),
+              MenuItem(WavRow::kRename, "Rename Wav", [this] { RenameCurrent(); }),
+              MenuItem(WavRow::kMove, "Move Selected Wav", [this] { SendCurrentTo(); }),
+              MenuItem(WavRow::kFavWavSeparator, "-", {}),
+              MenuItem(WavRow::kAddFavWav, "Add to FavWav List",
+                       [this] { AddFavWavPath(Current().path); }),
               GreyedItem("View Wav Properties")}),
       mnuFavWav("mnuFavWav", "",
                 {MenuItem("Add a FavWav", [this] { AddFavWav(); }),
@@ -65,12 +68,13 @@ frmTabs::frmTabs(Program& program, AolClient& client, Fader& fader)
            MenuItem("Print to E-Mail", [this] { PrintToEMail(this->program, client_, Listing()); }),
            MenuItem("Print to File", [this] { PrintToFile(this->program, Listing()); })}),
       client_(client),
-      sender_(program, client, fader),
+      sender_(program, client, voice),
       favWavs_(program) {
   ConnectButtons();
 }
 
 void frmTabs::ConnectButtons() {
+  lblpath.SetMnemonic(false);
   cboList.SetAccessibleName("Wav category");
   lstWav.SetAccessibleName("Wavs");
   List3.SetVisible(false);
@@ -98,8 +102,9 @@ void frmTabs::ConnectButtons() {
     button->SetToolTip(kNotBuiltTip);
   }
   // Here and not with the rest of the start-up, which can wait for the user in the middle.
-  cmdFadeWav.SetEnabled(program.g.IsVersion4Or5() && program.hub.ShowFadePanel);
-  if (!program.hub.ShowFadePanel) cmdFadeWav.SetToolTip(kNotBuiltTip);
+  const bool hasPanel = program.hub.commands.IsBuilt(Command::kFadeDesigner);
+  cmdFadeWav.SetEnabled(client_.CanFade() && hasPanel);
+  if (!hasPanel) cmdFadeWav.SetToolTip(kNotBuiltTip);
 }
 
 // The upper part, which stays when the window is folded, is the category with its path and count.
@@ -142,7 +147,7 @@ void frmTabs::StartUp() {
   SetOwner(program.g.hAOL);
   randomGarland_ = program.store.ReadKey("Garland", "Random") == "Yes";
   if (randomGarland_) LoadGarlands();
-  if (lstWav.ListCount() > 0) SelectRow(0);
+  if (lstWav.ListIndex() < 0) SelectRow(0);
 }
 
 void frmTabs::SelectDefaultCategory() {
@@ -184,12 +189,13 @@ void frmTabs::cmdMin_Click() {
 
 void frmTabs::cboList_Click() {
   const std::string name = cboList.Text();
+  // Before anything waits: a later choice, made in that wait, is the one that is to be kept then.
+  program.store.WriteKey(kWavListSection, "Default Category", name);
   if (name == kFavWavs)
     ShowFavWavs();
   else
     ShowCategory(name);
   WriteCount();
-  program.store.WriteKey(kWavListSection, "Default Category", name);
 }
 
 void frmTabs::ShowCategory(const std::string& name) {
@@ -211,7 +217,10 @@ void frmTabs::ShowFavWavs() {
   lstWav.Clear();
   List3.Clear();
   std::vector<FavWav> wavs;
-  favWavsRead_ = Reported(program, {"frmTabs", "cboList_Click"}, [&] { wavs = favWavs_.Load(); });
+  const bool read =
+      Reported(program, {"frmTabs", "cboList_Click"}, [&] { wavs = favWavs_.Load(); });
+  if (!read || !IsLoaded() || !InFavWavs) return;
+  favWavsRead_ = true;
   std::vector<std::string> names, paths;
   for (FavWav& wav : wavs) names.push_back(std::move(wav.name));
   for (const std::size_t i : lstWav.SetItems(std::move(names)))
@@ -219,13 +228,15 @@ void frmTabs::ShowFavWavs() {
   List3.SetItems(std::move(paths));
 }
 
-void frmTabs::LoadWavList() {
+bool frmTabs::LoadWavList() {
   lstWav.Clear();
+  const std::string folder = lblpath.Caption();
   const bool hideClientSounds =
       program.settings.WavList.NoAOLWavs && Lower(cboList.Text()) == "aol directory";
-  Reported(
+  std::vector<std::string> names;
+  const bool read = Reported(
       program, {"frmTabs", "LoadWavList"},
-      [&] { lstWav.SetItems(WavsIn(program, lblpath.Caption(), hideClientSounds)); },
+      [&] { names = WavsIn(program, folder, hideClientSounds); },
       [&](const RunTimeError& error) {
         if (error.Number() != err::kPathNotFound) return false;
         MsgBoxEx(program,
@@ -234,6 +245,18 @@ void frmTabs::LoadWavList() {
                  style::kOk + style::kExclamation);
         return true;
       });
+  if (!Shows(folder)) return false;
+  if (read) lstWav.SetItems(std::move(names));
+  return true;
+}
+
+bool frmTabs::Shows(const std::string& folder) const {
+  return IsLoaded() && !InFavWavs && lblpath.Caption() == folder;
+}
+
+frmTabs* frmTabs::StandingAt(const std::string& folder) const {
+  frmTabs* const list = Standing();
+  return list && list->Shows(folder) ? list : nullptr;
 }
 
 void frmTabs::WriteCount() {
@@ -242,7 +265,7 @@ void frmTabs::WriteCount() {
 
 void frmTabs::Refresh() {
   const int row = lstWav.ListIndex();
-  LoadWavList();
+  if (!LoadWavList()) return;
   WriteCount();
   SelectRow(row);
 }
@@ -261,9 +284,10 @@ void frmTabs::SelectCategoryQuietly(int row) {
   cboList.onClick = onClick;
 }
 
-std::string frmTabs::CurrentPath() const {
-  if (InFavWavs) return List3.List(lstWav.ListIndex());
-  return lblpath.Caption() + "\\" + lstWav.Text() + ".wav";
+ListedWav frmTabs::Current() const {
+  const std::string folder = lblpath.Caption(), name = lstWav.Text();
+  if (InFavWavs) return {"", name, List3.List(lstWav.ListIndex())};
+  return {folder, name, folder + "\\" + name + ".wav"};
 }
 
 }  // namespace corvel

@@ -1,10 +1,10 @@
-// The wav library as the rest of the program calls it: wav categories, the wav list and what it
-// sends, wav descriptions.
+// The wav library's door: wav categories, the wav list and what it sends, wav descriptions. Its
+// commands are "Wav List", "Wav Descriptions" and "Hushlet".
 #pragma once
 
 #include "aolbridge/aolclient.h"
 #include "core/program.h"
-#include "fader/modFade.h"
+#include "voice/room_voice.h"
 
 #include <string>
 #include <string_view>
@@ -13,8 +13,10 @@ namespace corvel {
 
 class WavLibrary {
  public:
-  WavLibrary(Program& program, AolClient& client, Fader& fader)
-      : program_(program), client_(client), fader_(fader) {}
+  WavLibrary(Program& program, AolClient& client, RoomVoice& voice)
+      : program_(program), client_(client), voice_(voice) {}
+
+  void Join(Hub& hub);
 
   void ShowWavList();       // frmTabs
   void EditDescriptions();  // frmEditDesc
@@ -29,7 +31,7 @@ class WavLibrary {
  private:
   Program& program_;
   AolClient& client_;
-  Fader& fader_;
+  RoomVoice& voice_;
 };
 
 }  // namespace corvel

@@ -97,7 +97,7 @@ void DeskWindows::Impl::MoveFocusOff(WindowNode& leaving) {
 }
 
 void DeskWindows::SetFocus(Window window) {
-  impl_->MoveFocus(window);
+  if (Exists(window)) impl_->MoveFocus(window);
   impl_->core().processes.ThrowIfEnded();
 }
 
