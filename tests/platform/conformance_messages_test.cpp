@@ -148,44 +148,6 @@ TEST_F(Messages, OfAKeyWithControlBeginAndEndWithControls) {
   EXPECT_EQ(other.TakeLog(), (Log{"edit:keydown(13)", "edit:char(13)", "edit:keyup(13)"}));
 }
 
-// A key that goes down in one of its windows takes the focus to the other one.
-class Passing : public WindowProcedure {
- public:
-  explicit Passing(Platform& platform) : platform_(platform) {}
-  MessageResult OnMessage(Window window, const Message& message) override {
-    if (message.id >= wm::kKeyDown && message.id <= wm::kChar)
-      log.push_back(LogLine(window == one ? "one" : "two", message));
-    if (message.id == wm::kKeyDown) platform_.windows.SetFocus(window == one ? two : one);
-    return platform_.ownWindows.Default(window, message);
-  }
-  Window one{}, two{};
-  Log log;
-
- private:
-  Platform& platform_;
-};
-
-TEST_F(Messages, OfAKeyGoToTheFocusThatTheOneBeforeHasMoved) {
-  Platform& platform = home->platform();
-  Passing passing(platform);
-  home->Run([&] {
-    const auto make = [&](Window parent) {
-      return platform.ownWindows.Create(
-          {.className = "Passing", .caption = {}, .parent = parent, .systemClass = {}}, passing);
-    };
-    const Window frame = make({});
-    passing.one = make(frame);
-    passing.two = make(frame);
-    windows.SetFocus(passing.one);
-    windows.TypeKey(9);
-    windows.TypeKey(9);
-    home->RunFor(50);
-    platform.ownWindows.Destroy(frame);
-  });
-  EXPECT_EQ(passing.log, (Log{"one:keydown(9)", "one:char(9)", "two:keyup(9)", "two:keydown(9)",
-                              "two:char(9)", "one:keyup(9)"}));
-}
-
 TEST_F(Messages, PostedToAnotherProcessComeInOrder) {
   const Window a = Make("a"), b = Make("b");
   other.Record({wm::kUser});
