@@ -3,6 +3,8 @@
 #include "core/dialogs.h"
 #include "core/helpers.h"
 #include "core/main.h"
+#include "core/settings_fader.h"
+#include "core/settings_shell.h"
 
 namespace corvel {
 
@@ -78,8 +80,7 @@ void FillAccess(Hub& hub, AccessModes& modes) {
 
 // Faded text that the room refuses would be refused again with the next line.
 void SwitchFaderOff(Program& program) {
-  program.settings.Fader.On = false;
-  program.store.WriteKey("Fader", "On", BooleanText(false));
+  program.settings.Fader.On.Set(false);
 }
 
 }  // namespace

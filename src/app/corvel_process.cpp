@@ -5,6 +5,7 @@
 #include "core/helpers.h"
 #include "core/main.h"
 #include "core/report_error.h"
+#include "core/settings_fader.h"
 
 namespace corvel {
 
@@ -27,7 +28,7 @@ void YieldToEvents(Platform& platform) {
 CorvelProcess::CorvelProcess(Platform& platform)
     : program_(platform),
       client_(program_),
-      fader_(program_.settings.Fader, [&platform] { YieldToEvents(platform); }),
+      fader_(program_.settings.Fader.Fade, [&platform] { YieldToEvents(platform); }),
       wavLibrary_(program_, client_, fader_),
       accessModes_(program_, client_) {
   program_.forms.onUnhandledError = [this](const RunTimeError& error, const char* form,

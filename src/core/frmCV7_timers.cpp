@@ -10,6 +10,10 @@
 #include "core/helpers.h"
 #include "core/main.h"
 #include "core/report_error.h"
+#include "core/settings_fader.h"
+#include "core/settings_im.h"
+#include "core/settings_mail.h"
+#include "core/settings_shell.h"
 #include "core/toolbar_menus.h"
 
 namespace corvel {

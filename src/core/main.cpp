@@ -8,6 +8,8 @@
 #include "core/frmWatch.h"
 #include "core/helpers.h"
 #include "core/report_error.h"
+#include "core/settings_im.h"
+#include "core/settings_shell.h"
 #include "core/start_checks.h"
 
 namespace corvel {
@@ -125,14 +127,10 @@ void ReadNames(Program& program, Splash& splash) {
 void LoadUserSettings(Program& program, Splash& splash) {
   splash.Report("Loading User Settings");
   splash.Progress(80);
-  const SettingsStore& store = program.store;
-  Settings& settings = program.settings;
-  LoadToolbarGroup(store, settings, program.g);
-  LoadWavListGroup(store, settings);
-  LoadEMailGroup(store, settings);
-  LoadWavScanGroup(store, settings);
-  LoadHotWordsGroup(store, settings);
-  LoadIMGroup(store, settings, program.g.AOLVer);
+  for (const LoadGroup group : {LoadGroup::kToolbar, LoadGroup::kWavList, LoadGroup::kEMail,
+                                LoadGroup::kWavScan, LoadGroup::kHotWords})
+    program.settings.Load(group);
+  program.settings.LoadIM(program.g.AOLVer);
   StartStep(program, "LoadIMSettings", [&program] {  // today's log folder
     MakeDirIfMissing(program, program.InFolder("im logs"));
     MakeDirIfMissing(program,
@@ -154,13 +152,13 @@ void LoadCorvel(Program& program) {
     program.forms.Load<frmWatch>(program);
   });
   step(true, [&program] {
-    LoadSiblingKeys(program.store, program.settings);
+    program.settings.Load(LoadGroup::kSiblings);
     if (frmCV7* const toolbar = program.forms.Loaded<frmCV7>()) toolbar->ShowSiblingRows();
   });
   g.WinDir = GetWinDir(program);
   g.SysDir = GetSysDir(program);
   if (g.IsVersion4Or5()) {
-    LoadFaderGroup(program.store, program.settings);
+    program.settings.Load(LoadGroup::kFader);
     step(settings.IM.TabsOn, [&hub] { CallSlot(hub.InitializeIMManager); });
   }
   // Not without the library's help, but no reason to stop: what needs it does without.

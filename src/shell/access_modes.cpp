@@ -3,6 +3,7 @@
 #include "core/dialogs.h"
 #include "core/frmCV7.h"
 #include "core/main.h"
+#include "core/settings_shell.h"
 #include "core/toolbar_menus.h"
 #include "shell/client_menu.h"
 
@@ -34,19 +35,14 @@ void AccessModes::TakeDown() {
   if (program_.g.AccessMode == 2) RemoveMenuFromAOL();
 }
 
-void AccessModes::Remember(int mode, const char* name) {
-  program_.g.AccessMode = mode;
-  program_.store.WriteKey("Toolbar", "MenuAccess", name);
-}
-
 void AccessModes::HideAsTray() {
-  Remember(1, "Tray");
+  program_.settings.Toolbar.MenuAccess.Set(1);
   if (frmCV7* const central = Central()) central->Hide();
   AddTrayIcon();
 }
 
 void AccessModes::HideAsMenu() {
-  Remember(2, "Menu");
+  program_.settings.Toolbar.MenuAccess.Set(2);
   if (frmCV7* const central = Central()) central->Hide();
   AddMenuToAOL();
 }
@@ -68,7 +64,7 @@ void AccessModes::AddTrayIcon() {
            "menu bar mode.",
            style::kOk + style::kExclamation);
   // Not the key that the next start reads: it tries the tray again.
-  program_.store.WriteKey("Menu", "Access", "Menu");
+  program_.settings.Menu.Access.Set("Menu");
   if (program_.g.Closing || program_.g.AccessMode != 1) return;  // changed while the user read
   program_.g.AccessMode = 2;
   AddMenuToAOL();
@@ -110,7 +106,7 @@ void AccessModes::AddMenuToAOL() {
 
 void AccessModes::RemoveMenuFromAOL() {
   client_menu::Remove(program_);
-  program_.store.WriteKey("Toolbar", "MenuAccess", "Toolbar");
+  program_.settings.Toolbar.MenuAccess.SetForNextStart(0);
 }
 
 void AccessModes::OnClientMenu(HookedMessage& message) {

@@ -42,7 +42,6 @@ class AccessModes {
   void PopUpTrayMenu();
   bool TilesAroundManager(std::uint32_t id);
   void BringListedWindowUp(std::uint32_t id);
-  void Remember(int mode, const char* name);
 
   Program& program_;
   AolClient& client_;

@@ -1,6 +1,7 @@
 #include "shell/client_menu.h"
 
 #include "base/text.h"
+#include "core/settings_shell.h"
 #include "core/toolbar_menus.h"
 
 #include <algorithm>

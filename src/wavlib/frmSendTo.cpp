@@ -3,6 +3,7 @@
 #include "base/text.h"
 #include "core/dialogs.h"
 #include "core/looks.h"
+#include "core/settings_wavs.h"
 
 namespace corvel {
 
@@ -33,7 +34,7 @@ frmSendTo::frmSendTo(Program& program)
 
 void frmSendTo::Form_Load() {
   SetFormColor(program, *this);
-  txtHistory.SetText(Trim(program.store.ReadKey("SendTo", "Last")));
+  txtHistory.SetText(program.settings.SendTo.Last.Read());
   using namespace forms;
   Arrange(Column({Cell(lblWav, 60), Cell(lblWavFile, 60), Cell(lblTarget),
                   Row({Stretch(Cell(txtHistory, 45)), Cell(cmdBrowse, 12)}),

@@ -6,6 +6,7 @@
 #include "core/looks.h"
 #include "core/main.h"
 #include "core/report_error.h"
+#include "core/settings_wavs.h"
 #include "wavlib/frmDescrip.h"
 #include "wavlib/garland_styles.h"
 #include "wavlib/menu_rows.h"
@@ -15,11 +16,6 @@
 #include <utility>
 
 namespace corvel {
-namespace {
-
-constexpr const char* kWavListSection = "Wav List";
-
-}  // namespace
 
 frmTabs::frmTabs(Program& program, AolClient& client, Fader& fader)
     : ProgramForm(program, "frmTabs", "Wav List"),
@@ -132,23 +128,21 @@ void frmTabs::Form_Load() {
 void frmTabs::StartUp() {
   SetFormColor(program, *this);
   ArrangeControls();
-  RestorePlace(program, *this, kWavListSection);
-  chkGarland.SetValue(program.store.ReadKey(kWavListSection, "Garland") == "On" ? 1 : 0);
+  RestorePlace(program, *this, program.settings.WavList.Place);
+  chkGarland.SetValue(program.settings.WavList.Garland.Read() ? 1 : 0);
   chkGarland.onClick = [this] { chkGarland_Click(); };
   for (const std::string& name : CategoryNames(program)) cboList.AddItem(name);
   cboList.AddItem(kFavWavs);
   SelectDefaultCategory();
   WriteCount();
   SetOwner(program.g.hAOL);
-  randomGarland_ = program.store.ReadKey("Garland", "Random") == "Yes";
+  randomGarland_ = program.settings.Garland.Random.Read();
   if (randomGarland_) LoadGarlands();
   if (lstWav.ListCount() > 0) SelectRow(0);
 }
 
 void frmTabs::SelectDefaultCategory() {
-  std::string name = Trim(program.store.ReadKey(kWavListSection, "Default Category"));
-  if (name.empty()) name = kAolDirectory;
-  SelectCategoryQuietly(cboList.FindString(-1, name));
+  SelectCategoryQuietly(cboList.FindString(-1, program.settings.WavList.DefaultCategory.Read()));
   cboList_Click();
 }
 
@@ -162,7 +156,7 @@ void frmTabs::LoadGarlands() {
   lstGarlandRnd.SetItems(std::move(styles));
 }
 
-void frmTabs::Form_Move() { SavePlace(program, *this, kWavListSection); }
+void frmTabs::Form_Move() { SavePlace(*this, program.settings.WavList.Place); }
 
 void frmTabs::Form_Unload() {
   if (frmDescrip* window = program.forms.Loaded<frmDescrip>()) window->Unload();
@@ -189,7 +183,7 @@ void frmTabs::cboList_Click() {
   else
     ShowCategory(name);
   WriteCount();
-  program.store.WriteKey(kWavListSection, "Default Category", name);
+  program.settings.WavList.DefaultCategory.Set(name);
 }
 
 void frmTabs::ShowCategory(const std::string& name) {

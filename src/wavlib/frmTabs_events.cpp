@@ -3,6 +3,7 @@
 #include "core/dialogs.h"
 #include "core/helpers.h"
 #include "core/report_error.h"
+#include "core/settings_wavs.h"
 #include "wavlib/frmDescrip.h"
 #include "wavlib/frmTabs.h"
 #include "wavlib/path_check.h"
@@ -66,10 +67,10 @@ void frmTabs::cmdEditCat_Click() {
   if (!Reported(program, {"frmTabs", "cmdEditCat_Click"},
                 [&] { WriteCategory(program, name, folder); }))
     return;
-  program.store.DeleteValue("Categories", oldName);
+  program.settings.Categories.Delete(oldName);
   cboList.RemoveItem(cboList.FindExact(oldName));
   SelectCategoryQuietly(cboList.AddItem(name, cboList.ListCount() - 1));
-  program.store.WriteKey("Wav List", "Default Category", name);
+  program.settings.WavList.DefaultCategory.Set(name);
 }
 
 void frmTabs::cmdDelCat_Click() {
@@ -86,7 +87,7 @@ void frmTabs::cmdDelCat_Click() {
                              ".~B~CN~N ~NThis action will ~Bnot~B delete actual wavs.~N ~NDo you "
                              "wish to proceed?"))
     return;
-  program.store.DeleteValue("Categories", name);
+  program.settings.Categories.Delete(name);
   cboList.RemoveItem(cboList.FindExact(name));
   if (cboList.ListCount() > 0) {
     SelectCategoryQuietly(0);
@@ -256,7 +257,7 @@ void frmTabs::SendCurrentToText() {
 }
 
 void frmTabs::chkGarland_Click() {
-  program.store.WriteKey("Wav List", "Garland", chkGarland.Value() == 1 ? "On" : "Off");
+  program.settings.WavList.Garland.Set(chkGarland.Value() == 1);
 }
 
 void frmTabs::cmdFadeWav_Click() {
@@ -299,7 +300,7 @@ void frmTabs::EditWavDescrip() {
 
 void frmTabs::ToggleDescrip() {
   auto& settings = program.settings.Descriptions;
-  settings.Show = !settings.Show;
+  settings.Show.SetForThisRun(!settings.Show);
   if (!settings.Show) {
     lstWav.SetToolTip("");
     if (frmDescrip* window = program.forms.Loaded<frmDescrip>()) window->Hide();

@@ -3,6 +3,7 @@
 #include "base/text.h"
 #include "core/dialogs.h"
 #include "core/report_error.h"
+#include "core/settings_wavs.h"
 #include "wavlib/frmSendTo.h"
 #include "wavlib/modal.h"
 #include "wavlib/path_check.h"
@@ -94,7 +95,7 @@ bool SendWavTo(Program& program, forms::Form& owner, const std::string& path,
   if (folder.empty()) return false;
   if (folder.ends_with('\\')) folder.pop_back();
   if (!Transfer(program, path, folder, name, move)) return false;
-  program.store.WriteKey("SendTo", "Last", folder);
+  program.settings.SendTo.Last.Set(folder);
   return true;
 }
 
