@@ -23,8 +23,8 @@ void Bind(forms::ComboBox& combo, Setting& setting, std::function<void()> then) 
   };
 }
 
-void Show(forms::TextBox& box, const TextSetting& setting) { box.SetText(setting.Get()); }
+void ShowText(forms::TextBox& box, const TextSetting& setting) { box.SetText(setting.Get()); }
 
-void Store(const forms::TextBox& box, TextSetting& setting) { setting.Set(box.Text()); }
+void StoreText(const forms::TextBox& box, TextSetting& setting) { setting.Set(box.Text()); }
 
 }  // namespace corvel

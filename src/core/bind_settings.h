@@ -54,7 +54,7 @@ void Bind(WordSetting<T>& setting, const std::type_identity_t<std::vector<Option
 }
 
 // A text is taken when the form says so, not with each key.
-void Show(forms::TextBox& box, const TextSetting& setting);
-void Store(const forms::TextBox& box, TextSetting& setting);
+void ShowText(forms::TextBox& box, const TextSetting& setting);
+void StoreText(const forms::TextBox& box, TextSetting& setting);
 
 }  // namespace corvel
