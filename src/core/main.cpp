@@ -127,10 +127,7 @@ void ReadNames(Program& program, Splash& splash) {
 void LoadUserSettings(Program& program, Splash& splash) {
   splash.Report("Loading User Settings");
   splash.Progress(80);
-  for (const LoadGroup group : {LoadGroup::kToolbar, LoadGroup::kWavList, LoadGroup::kEMail,
-                                LoadGroup::kWavScan, LoadGroup::kHotWords})
-    program.settings.Load(group);
-  program.settings.LoadIM(program.g.AOLVer);
+  program.settings.LoadForClient(program.g.AOLVer);
   StartStep(program, "LoadIMSettings", [&program] {  // today's log folder
     MakeDirIfMissing(program, program.InFolder("im logs"));
     MakeDirIfMissing(program,

@@ -29,8 +29,10 @@ void Settings::Load(LoadGroup group) {
     if (setting->Section().group == group) setting->Load();
 }
 
-void Settings::LoadIM(std::string_view aolVer) {
-  Load(LoadGroup::kIM);
+void Settings::LoadForClient(std::string_view aolVer) {
+  for (const LoadGroup group : {LoadGroup::kToolbar, LoadGroup::kWavList, LoadGroup::kEMail,
+                                LoadGroup::kWavScan, LoadGroup::kHotWords, LoadGroup::kIM})
+    Load(group);
   if (aolVer != "3") {
     Load(LoadGroup::kIMManager);
     return;

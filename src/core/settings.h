@@ -41,9 +41,10 @@ class Settings {
 #undef CORVEL_SECTION
 
   void Load(LoadGroup group);
-  // Both groups of IM settings. The manager's keys aren't read beside AOL 3.0, whose windows can't
-  // be taken into it: they are off, whatever the user once chose.
-  void LoadIM(std::string_view aolVer);
+  // The groups that the start loads as soon as it knows the client's version. The IM manager's keys
+  // aren't read beside AOL 3.0, whose windows can't be taken into it: they are off, whatever the
+  // user once chose.
+  void LoadForClient(std::string_view aolVer);
 
   const SettingsTree& tree;
 };

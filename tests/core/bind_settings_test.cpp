@@ -48,9 +48,7 @@ class BindTest : public CoreTest {
   // Opens the window on what is stored, lets the user act, and looks at what stands then.
   void Open(const std::function<void(frmOptions&)>& act) {
     As([&] {
-      Settings& settings = program_->settings;
-      for (const LoadGroup group : {LoadGroup::kToolbar, LoadGroup::kEMail, LoadGroup::kWavScan})
-        settings.Load(group);
+      program_->settings.LoadForClient("4");
       auto form = program_->forms.LoadNew<frmOptions>(*program_);
       form->Show();
       act(*form);

@@ -17,12 +17,12 @@ namespace {
 
 constexpr const char* kRoot = "Software\\QRV Software\\Corvel";
 
-void LoadAll(Settings& settings, std::string_view aolVer = "4") {
-  for (const LoadGroup group :
-       {LoadGroup::kLook, LoadGroup::kToolbar, LoadGroup::kWavList, LoadGroup::kEMail,
-        LoadGroup::kWavScan, LoadGroup::kHotWords, LoadGroup::kSiblings, LoadGroup::kFader})
-    settings.Load(group);
-  settings.LoadIM(aolVer);
+// All that a start with AOL 4.0 loads, and what is read where it is used.
+void LoadAll(Settings& settings) {
+  settings.Load(LoadGroup::kLook);
+  settings.LoadForClient("4");
+  settings.Load(LoadGroup::kSiblings);
+  settings.Load(LoadGroup::kFader);
   for (Setting* const setting : settings.tree.settings)
     if (setting->Section().group == LoadGroup::kWhenUsed) setting->Load();
 }
@@ -204,7 +204,7 @@ TEST_F(SettingsTest, TheOldestClientHasNoManagerWhateverIsStored) {
   for (FlagSetting* const flag : {&settings.IM.TabsOn, &settings.IM.EnterSends,
                                   &settings.IM.TabSwitches, &settings.IM.MultipleRows})
     flag->Set(true);
-  settings.LoadIM("3");
+  settings.LoadForClient("3");
   const IMSettings& im = settings.IM;
   EXPECT_FALSE(im.TabsOn || im.EnterSends || im.TabSwitches || im.MultipleRows);
   EXPECT_TRUE(im.LogIMs) << "the other keys are read as ever";
