@@ -1,6 +1,7 @@
 // Which client this is: version, country, its texts; and whether the user is signed on.
 #include "aolbridge/aolclient.h"
 #include "aolbridge/polling.h"
+#include "base/cp1252.h"
 #include "base/text.h"
 #include "core/dialogs.h"
 #include "core/helpers.h"
