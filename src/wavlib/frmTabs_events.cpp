@@ -3,6 +3,7 @@
 #include "core/dialogs.h"
 #include "core/helpers.h"
 #include "core/report_error.h"
+#include "core/settings_wavs.h"
 #include "wavlib/frmDescrip.h"
 #include "wavlib/frmEditDesc.h"
 #include "wavlib/frmTabs.h"
@@ -80,7 +81,7 @@ void frmTabs::cmdEditCat_Click() {
   if (!Reported(program, {"frmTabs", "cmdEditCat_Click"},
                 [&] { WriteCategory(program, name, folder); }))
     return;
-  program.store.DeleteValue("Categories", oldName);
+  program.settings.Categories.Delete(oldName);
   if (frmTabs* list = Standing()) list->RenameEntry(oldName, name);
 }
 
@@ -90,7 +91,7 @@ void frmTabs::RenameEntry(const std::string& oldName, const std::string& name) {
   const int row = cboList.AddItem(name, cboList.ListCount() - 1);
   if (!shown) return;
   SelectCategoryQuietly(row);
-  program.store.WriteKey("Wav List", "Default Category", name);
+  program.settings.WavList.DefaultCategory.Set(name);
 }
 
 void frmTabs::cmdDelCat_Click() {
@@ -106,7 +107,7 @@ void frmTabs::cmdDelCat_Click() {
                              ".~B~CN~N ~NThis action will ~Bnot~B delete actual wavs.~N ~NDo you "
                              "wish to proceed?"))
     return;
-  program.store.DeleteValue("Categories", name);
+  program.settings.Categories.Delete(name);
   if (frmTabs* list = Standing()) list->RemoveEntry(name);
 }
 
@@ -301,7 +302,7 @@ void frmTabs::SendCurrentToText() {
 }
 
 void frmTabs::chkGarland_Click() {
-  program.store.WriteKey("Wav List", "Garland", chkGarland.Value() == 1 ? "On" : "Off");
+  program.settings.WavList.Garland.Set(chkGarland.Value() == 1);
 }
 
 void frmTabs::cmdFadeWav_Click() {
@@ -347,7 +348,7 @@ void frmTabs::EditWavDescrip() {
 
 void frmTabs::ToggleDescrip() {
   auto& settings = program.settings.Descriptions;
-  settings.Show = !settings.Show;
+  settings.Show.SetForThisRun(!settings.Show);
   if (!settings.Show) {
     lstWav.SetToolTip("");
     if (frmDescrip* window = program.forms.Loaded<frmDescrip>()) window->Hide();

@@ -98,7 +98,7 @@ class Evening : public testing::Test {
   void RightClick(std::int64_t ms, const std::string& name, const std::string& row) {
     script_.Then(ms, [this, name] {
       const auto control = Find(name);
-      if (control) EXPECT_EQ(desk().peers().RightClick(control->window).refusal, "") << name;
+      if (control) EXPECT_EQ(stage_.hand().RightClick(control->window).refusal, "") << name;
     });
     script_.Then(50, [this, row] { EXPECT_EQ(user_.Choose({row}), ""); });
   }
