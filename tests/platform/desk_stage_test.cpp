@@ -1,6 +1,7 @@
 // What the desk's registry, drive and clipboard can do beyond the seam: faults, locks, the journal.
 #include "base/error.h"
 #include "platform/desk/desk_services.h"
+#include "platform/desk/desk_windows.h"
 #include "tests/platform/desk_home.h"
 #include "tests/platform/services_home.h"
 
