@@ -16,6 +16,9 @@ inline constexpr std::uint32_t kNameNotResolved = 12007;
 inline constexpr std::uint32_t kCannotConnect = 12029;
 }  // namespace web_error
 
+// A question without an answer is over after so long, with kTimeout.
+inline constexpr std::uint32_t kLongestWebAnswerMs = 30'000;
+
 // One request under way; given up, at once, by letting go of the object.
 class WebRequest {
  public:
@@ -33,7 +36,7 @@ class Web {
   virtual ~Web() = default;
   // Begins to ask for "http://server/path", as a program of the name `agent`, straight and not
   // through a proxy, and comes back at once. Nothing of the program runs when the answer is there:
-  // look for it between pumps. How long a silent server is waited for is the library's affair.
+  // look for it between pumps.
   virtual std::unique_ptr<WebRequest> Begin(std::string_view agent, std::string_view address) = 0;
 };
 

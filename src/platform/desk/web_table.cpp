@@ -25,6 +25,8 @@ WebAnswer WebTable::For(std::string_view address) const {
   const auto found = answers_.find(PathOf(address));
   if (found == answers_.end()) return {.error = web_error::kNameNotResolved};
   WebAnswer answer = found->second;
+  if (answer.afterMs >= kLongestWebAnswerMs)
+    return {.error = web_error::kTimeout, .afterMs = kLongestWebAnswerMs};
   answer.text.resize(answer.error ? 0 : std::min(answer.text.size(), kMostText));
   return answer;
 }

@@ -13,8 +13,8 @@ namespace corvel::desk {
 
 struct WebAnswer {
   std::string text{};
-  std::uint32_t error = 0;  // or why there is none
-  std::int64_t afterMs = 200;
+  std::uint32_t error = 0;     // or why there is none
+  std::int64_t afterMs = 200;  // beyond the longest there is no answer
 };
 
 class WebTable {

@@ -12,9 +12,6 @@ namespace corvel::win32 {
 namespace {
 
 constexpr DWORD kMostText = 65536, kPart = 4096;
-// So long a server may be silent.
-constexpr DWORD kLongestSilenceMs = 30'000;
-
 // The library's calls, found at run time: a bare Windows 95 has no such library. It stays loaded,
 // for a thread may be in it for ever.
 struct Library {
@@ -62,10 +59,11 @@ DWORD ReadAll(const Library& library, HINTERNET url, WebJob& job) {
   return 0;
 }
 
+// Nobody waits longer, so the thread need not either. (Not every release of the library heeds it.)
 void LimitSilence(const Library& library, HINTERNET session) {
   constexpr DWORD kOptions[] = {INTERNET_OPTION_CONNECT_TIMEOUT, INTERNET_OPTION_SEND_TIMEOUT,
                                 INTERNET_OPTION_RECEIVE_TIMEOUT};
-  DWORD limit = kLongestSilenceMs, once = 1;
+  DWORD limit = kLongestWebAnswerMs, once = 1;
   for (const DWORD option : kOptions) library.setOption(session, option, &limit, sizeof limit);
   library.setOption(session, INTERNET_OPTION_CONNECT_RETRIES, &once, sizeof once);
 }
