@@ -153,6 +153,11 @@ void Captioned::SetCaption(std::string_view caption) {
 Label::Label(Form& form, std::string name, std::string_view caption, int index)
     : Captioned(form, ControlKind::kLabel, std::move(name), caption, index) {}
 
+void Label::SetMnemonic(bool mnemonic) {
+  state_.mnemonic = mnemonic;
+  Show(Aspect::kLook);
+}
+
 Button::Button(Form& form, std::string name, std::string_view caption, int index)
     : Button(form, ControlKind::kButton, std::move(name), caption, index) {}
 

@@ -108,8 +108,8 @@ class Label : public Captioned {
   Label(Form& form, std::string name, std::string_view caption = {}, int index = -1);
   void SetWordWrap(bool wrap) { state_.wordWrap = wrap; }
   void SetCentered(bool centered) { state_.alignCenter = centered; }
-  // Without it the text is data, and its "&" shows as it is; before the form loads.
-  void SetMnemonic(bool mnemonic) { state_.mnemonic = mnemonic; }
+  // Without it the text is data, and its "&" shows as it is.
+  void SetMnemonic(bool mnemonic);
 };
 
 class Button : public Captioned {

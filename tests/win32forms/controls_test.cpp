@@ -173,10 +173,11 @@ TEST_F(ControlsOnWindows, TypingAndPastingStopAtTheLimit) {
 // Of a caption it marks the access key; of a text it is a character like any other.
 TEST_F(ControlsOnWindows, AnAmpersandOfATextIsNotEaten) {
   struct Texts : AnyForm {
-    explicit Texts(Forms& forms) : AnyForm(forms) { data.SetMnemonic(false); }
+    using AnyForm::AnyForm;
     Label data{*this, "data", "R&B"};
     TabStrip tabs{*this, "tabs"};
     void Form_Load() override {
+      data.SetMnemonic(false);
       data.SetToolTip("Rock & Roll");
       tabs.AddItem("R&B");
       Arrange(Column({Cell(data), Cell(tabs)}));

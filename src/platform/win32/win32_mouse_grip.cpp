@@ -17,7 +17,10 @@ std::optional<LRESULT> GripControl::OnMessage(UINT id, WPARAM wParam, LPARAM lPa
   if (id == WM_CAPTURECHANGED) pressed_ = false;
   if (id == WM_LBUTTONUP && std::exchange(pressed_, false)) {
     ReleaseCapture();
-    Calls([](ControlEvents& events) { events.UserClick(); });
+    RECT area{};
+    GetClientRect(Hwnd(), &area);
+    if (PtInRect(&area, {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)}))
+      Calls([](ControlEvents& events) { events.UserClick(); });
     return 0;
   }
   return Win32Control::OnMessage(id, wParam, lParam);

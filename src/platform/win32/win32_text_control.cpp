@@ -17,12 +17,20 @@ class Label : public GripControl {
  protected:
   WindowKind Kind() const override {
     const DWORD wrapped = State().wordWrap ? SS_LEFT : SS_LEFTNOWORDWRAP;
-    const DWORD prefix = State().mnemonic ? 0 : SS_NOPREFIX;
-    return {"STATIC", SS_NOTIFY | prefix | (State().alignCenter ? SS_CENTER : wrapped)};
+    return {"STATIC", SS_NOTIFY | (State().alignCenter ? SS_CENTER : wrapped)};
   }
   void Show(Aspect aspect, int row) override {
     if (aspect == Aspect::kAll || aspect == Aspect::kText) SetWindowTextIfOther(State().text);
+    if (aspect == Aspect::kAll || aspect == Aspect::kLook) ShowMnemonic();
     GripControl::Show(aspect, row);
+  }
+
+ private:
+  void ShowMnemonic() const {
+    constexpr LONG_PTR kAsItIs = SS_NOPREFIX;
+    const LONG_PTR style = GetWindowLongPtrA(Hwnd(), GWL_STYLE) & ~kAsItIs;
+    SetWindowLongPtrA(Hwnd(), GWL_STYLE, State().mnemonic ? style : style | kAsItIs);
+    InvalidateRect(Hwnd(), nullptr, TRUE);
   }
 };
 
