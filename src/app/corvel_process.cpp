@@ -21,7 +21,8 @@ CorvelProcess::CorvelProcess(Platform& platform)
       client_(program_),
       fader_(program_.settings.Fader, [&platform] { YieldToEvents(platform); }),
       faderSwitch_(program_),
-      wavLibrary_(program_, client_, fader_),
+      voice_(program_, client_, fader_),
+      wavLibrary_(program_, client_, voice_),
       shell_(program_, client_) {
   program_.forms.onUnhandledError = [this](const RunTimeError& error, const char* form,
                                            const char* procedure) {

@@ -5,7 +5,6 @@
 #include "core/dialogs.h"
 
 #include <cstdint>
-#include <cstdio>
 
 namespace corvel {
 
@@ -148,9 +147,7 @@ std::string BuildTime(Program& program) {
 std::string CMinSec(int milliseconds) {
   const int minutes = milliseconds / 60'000, seconds = milliseconds / 1000 % 60,
             hundredths = milliseconds % 1000 / 10;
-  char text[40];
-  std::snprintf(text, sizeof text, "%02d:%02d.%02d", minutes, seconds, hundredths);
-  return text;
+  return TwoDigits(minutes) + ":" + TwoDigits(seconds) + "." + TwoDigits(hundredths);
 }
 
 void EndProgram() { throw ProcessExit{}; }

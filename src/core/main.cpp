@@ -65,15 +65,6 @@ class Splash {
   std::shared_ptr<frmMain> form_;
 };
 
-struct Country {
-  const char* report;
-  const char* suffix;
-};
-constexpr Country kCountries[] = {{".0 US Determined", " US"},
-                                  {".0 UK Determined", " UK"},
-                                  {".0 Canada Determined", " CA"},
-                                  {".0 Australia Determined", " AU"}};
-
 // A client that is just coming up has its frame first, and then what stands in it.
 void FindMdi(Program& program) {
   constexpr std::uint32_t kLongestMs = 30'000;
@@ -81,7 +72,7 @@ void FindMdi(Program& program) {
   Platform& platform = program.platform;
   const std::uint32_t begun = platform.clock.TickCount();
   for (;;) {
-    g.hMDI = platform.windows.FindChild(g.hAOL, {}, "MDIClient", std::nullopt);
+    g.hMDI = program.hub.client->FindMdi();
     if (g.hMDI || !platform.windows.Exists(g.hAOL)) return;
     if (platform.clock.TickCount() - begun > kLongestMs) return;
     platform.events.Pump({"FindMdi", WaitFor::kClient, begun + kLongestMs});
@@ -112,9 +103,9 @@ void DetermineVersion(Program& program, Splash& splash) {
   MainStep(program, {"modMain", "Main"}, [&program] { program.hub.client->GetAOLVersion(); });
   MainStep(program, {"modMain", "Main"}, [&program] { program.hub.client->LoadAOLStrings(); });
   splash.EndIfClientIsGone();
-  const Country& country = kCountries[static_cast<std::size_t>(g.AOLLocale)];
-  splash.Report("AOL Version " + g.AOLVer + country.report);
-  g.AOLVerText = g.AOLVerFull + country.suffix;
+  const Country country = program.hub.client->CountryOf();
+  splash.Report("AOL Version " + g.AOLVer + ".0 " + std::string(country.name) + " Determined");
+  g.AOLVerText = g.AOLVerFull + " " + std::string(country.code);
 }
 
 void ReadNames(Program& program, Splash& splash) {
@@ -137,7 +128,7 @@ void LoadUserSettings(Program& program, Splash& splash) {
   LoadEMailGroup(store, settings);
   LoadWavScanGroup(store, settings);
   LoadHotWordsGroup(store, settings);
-  LoadIMGroup(store, settings, program.g.AOLVer);
+  LoadIMGroup(store, settings, program.hub.client->CanManageIMs());
   Reported(program, {"modMain", "LoadIMSettings"}, [&program] {  // today's log folder
     MakeDirIfMissing(program, program.InFolder("im logs"));
     MakeDirIfMissing(program,
@@ -166,10 +157,9 @@ void LoadCorvel(Program& program) {
   });
   g.WinDir = GetWinDir(program);
   g.SysDir = GetSysDir(program);
-  if (g.IsVersion4Or5()) {
-    LoadFaderGroup(program.store, program.settings);
-    step(settings.IM.TabsOn, [&hub] { hub.instantMessages->Initialize_IM_Manager(); });
-  }
+  if (hub.client->CanFade()) LoadFaderGroup(program.store, program.settings);
+  step(hub.client->CanManageIMs() && settings.IM.TabsOn,
+       [&hub] { hub.instantMessages->Initialize_IM_Manager(); });
   // Not without the library's help, but no reason to stop: what needs it does without.
   step(true, [&program] { program.platform.proxy.Attach(program.g.hAOL); });
   step(true, [&hub] { hub.faderWindows->ScanIncoming(); });
@@ -213,7 +203,7 @@ void TakeDownToolbar(Program& program) {
 
 void LetGoOfRoom(Program& program) {
   frmCV7* const toolbar = program.forms.Loaded<frmCV7>();
-  if (toolbar && program.g.IsVersion4Or5()) toolbar->chat.Detach();
+  if (toolbar) toolbar->chat.Detach();
 }
 
 void LetGoOfClient(Program& program) {
