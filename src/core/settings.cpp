@@ -29,11 +29,11 @@ void Settings::Load(LoadGroup group) {
     if (setting->Section().group == group) setting->Load();
 }
 
-void Settings::LoadForClient(std::string_view aolVer) {
+void Settings::LoadForClient(bool canManageIMs) {
   for (const LoadGroup group : {LoadGroup::kToolbar, LoadGroup::kWavList, LoadGroup::kEMail,
                                 LoadGroup::kWavScan, LoadGroup::kHotWords, LoadGroup::kIM})
     Load(group);
-  if (aolVer != "3") {
+  if (canManageIMs) {
     Load(LoadGroup::kIMManager);
     return;
   }

@@ -41,10 +41,10 @@ class Settings {
 #undef CORVEL_SECTION
 
   void Load(LoadGroup group);
-  // The groups that the start loads as soon as it knows the client's version. The IM manager's keys
-  // aren't read beside AOL 3.0, whose windows can't be taken into it: they are off, whatever the
-  // user once chose.
-  void LoadForClient(std::string_view aolVer);
+  // The groups that the start loads as soon as it knows the client. Beside one whose windows can't
+  // be taken into the IM manager, the manager's keys aren't read: they are off, whatever the user
+  // once chose.
+  void LoadForClient(bool canManageIMs);
 
   const SettingsTree& tree;
 };

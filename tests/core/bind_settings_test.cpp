@@ -48,7 +48,7 @@ class BindTest : public CoreTest {
   // Opens the window on what is stored, lets the user act, and looks at what stands then.
   void Open(const std::function<void(frmOptions&)>& act) {
     As([&] {
-      program_->settings.LoadForClient("4");
+      program_->settings.LoadForClient(true);
       auto form = program_->forms.LoadNew<frmOptions>(*program_);
       form->Show();
       act(*form);

@@ -20,7 +20,7 @@ constexpr const char* kRoot = "Software\\QRV Software\\Corvel";
 // All that a start with AOL 4.0 loads, and what is read where it is used.
 void LoadAll(Settings& settings) {
   settings.Load(LoadGroup::kLook);
-  settings.LoadForClient("4");
+  settings.LoadForClient(true);
   settings.Load(LoadGroup::kSiblings);
   settings.Load(LoadGroup::kFader);
   for (Setting* const setting : settings.tree.settings)
@@ -204,7 +204,7 @@ TEST_F(SettingsTest, TheOldestClientHasNoManagerWhateverIsStored) {
   for (FlagSetting* const flag : {&settings.IM.TabsOn, &settings.IM.EnterSends,
                                   &settings.IM.TabSwitches, &settings.IM.MultipleRows})
     flag->Set(true);
-  settings.LoadForClient("3");
+  settings.LoadForClient(false);
   const IMSettings& im = settings.IM;
   EXPECT_FALSE(im.TabsOn || im.EnterSends || im.TabSwitches || im.MultipleRows);
   EXPECT_TRUE(im.LogIMs) << "the other keys are read as ever";
