@@ -41,8 +41,9 @@ class Settings {
 #undef CORVEL_SECTION
 
   void Load(LoadGroup group);
-  // The groups that the start loads as soon as it knows the client. The IM manager's keys aren't read
-  // beside one whose windows can't be taken into it: they are off, whatever the user once chose.
+  // The groups that the start loads as soon as it knows the client. Beside one whose windows can't
+  // be taken into the IM manager, the manager's keys aren't read: they are off, whatever the user
+  // once chose.
   void LoadForClient(bool canManageIMs);
 
   const SettingsTree& tree;
