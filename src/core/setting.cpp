@@ -3,8 +3,8 @@
 #include "base/text.h"
 
 #include <algorithm>
-#include <cstdio>
-#include <cstdlib>
+#include <charconv>
+#include <iterator>
 
 namespace corvel {
 
@@ -61,11 +61,7 @@ std::string NumberText(std::int32_t number) { return std::to_string(number); }
 
 std::string NumberText(float number) {
   char text[32];
-  for (int digits = 1; digits <= std::numeric_limits<float>::max_digits10; ++digits) {
-    std::snprintf(text, sizeof text, "%.*g", digits, static_cast<double>(number));
-    if (static_cast<float>(Val(text)) == number) break;
-  }
-  return text;
+  return {text, std::to_chars(std::begin(text), std::end(text), number).ptr};
 }
 
 }  // namespace corvel

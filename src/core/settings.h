@@ -11,22 +11,38 @@
 
 namespace corvel {
 
-// The sections, in the order of the page. A new one is named here, and its header in settings.cpp.
-// clang-format off
-#define CORVEL_SECTIONS(X) \
-  X(Root) X(UserColors) X(Toolbar) X(Menu) X(Clock) X(General) X(CustomColors) \
-  X(Hugs) X(ChatKeywords) X(ChatExtender) X(HotWords) X(QuickFind) X(RoomBust) \
-  X(Commands) X(Alias) X(AIMEMail) X(WebPageURL) \
-  X(Garland) X(WavList) X(Descriptions) X(SendTo) X(Categories) \
-  X(EWav) X(EFade) X(EMail) X(WavScan) X(WavCheck) \
-  X(IM) X(AnswerWindow) \
-  X(Fader)
-// clang-format on
+struct RootSettings;
+struct UserColorsSettings;
+struct ToolbarSettings;
+struct MenuSettings;
+struct ClockSettings;
+struct GeneralSettings;
+struct CustomColorsSettings;
+struct HugsSettings;
+struct ChatKeywordsSettings;
+struct ChatExtenderSettings;
+struct HotWordsSettings;
+struct QuickFindSettings;
+struct RoomBustSettings;
+struct CommandsSettings;
+struct AliasSettings;
+struct AIMEMailSettings;
+struct WebPageURLSettings;
+struct GarlandSettings;
+struct WavListSettings;
+struct DescriptionsSettings;
+struct SendToSettings;
+struct CategoriesSettings;
+struct EWavSettings;
+struct EFadeSettings;
+struct EMailSettings;
+struct WavScanSettings;
+struct WavCheckSettings;
+struct IMSettings;
+struct AnswerWindowSettings;
+struct FaderSettings;
 
-#define CORVEL_SECTION(name) struct name##Settings;
-CORVEL_SECTIONS(CORVEL_SECTION)
-#undef CORVEL_SECTION
-
+// A new section is named above, among the members below, and in settings.cpp with its header.
 class Settings {
   struct All;
   const std::unique_ptr<All> all_;
@@ -36,9 +52,36 @@ class Settings {
   Settings(SettingsStore& store, int& uiMode, int& accessMode);
   ~Settings();
 
-#define CORVEL_SECTION(name) name##Settings& name;
-  CORVEL_SECTIONS(CORVEL_SECTION)
-#undef CORVEL_SECTION
+  RootSettings& Root;
+  UserColorsSettings& UserColors;
+  ToolbarSettings& Toolbar;
+  MenuSettings& Menu;
+  ClockSettings& Clock;
+  GeneralSettings& General;
+  CustomColorsSettings& CustomColors;
+  HugsSettings& Hugs;
+  ChatKeywordsSettings& ChatKeywords;
+  ChatExtenderSettings& ChatExtender;
+  HotWordsSettings& HotWords;
+  QuickFindSettings& QuickFind;
+  RoomBustSettings& RoomBust;
+  CommandsSettings& Commands;
+  AliasSettings& Alias;
+  AIMEMailSettings& AIMEMail;
+  WebPageURLSettings& WebPageURL;
+  GarlandSettings& Garland;
+  WavListSettings& WavList;
+  DescriptionsSettings& Descriptions;
+  SendToSettings& SendTo;
+  CategoriesSettings& Categories;
+  EWavSettings& EWav;
+  EFadeSettings& EFade;
+  EMailSettings& EMail;
+  WavScanSettings& WavScan;
+  WavCheckSettings& WavCheck;
+  IMSettings& IM;
+  AnswerWindowSettings& AnswerWindow;
+  FaderSettings& Fader;
 
   void Load(LoadGroup group);
   // The groups that the start loads as soon as it knows the client. Beside one whose windows can't
