@@ -142,6 +142,8 @@ inline constexpr C<Notify> kIMNotify{
     {Notify::kIconByText, Notify::kFifteenthIcon, Notify::kKeyword, Notify::kIconByText},
     {Notify::kIconByText, Notify::kFifteenthIcon, Notify::kKeyword, Notify::kIconByText}};
 inline constexpr Text kNotifyKeyword = "aol://1722:notifyaol";
+// The back colour of the window that shows what was answered; 0: as in all windows.
+inline constexpr C<Color> kAnswerWindow{0, {0, 0, 0, 0xCF9060}, {0, 0, 0, 0xCF9060}};
 // In a new IM "Available?" lies so many windows behind the rich text.
 inline constexpr C<int> kAvailableBehindText{2, {2, 4, 2, 2}, {2, 4, 2, 2}};
 

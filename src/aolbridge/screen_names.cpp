@@ -70,7 +70,7 @@ Window AolClient::SignOnWindow() {
 
 void AolClient::ReadSignOnNames() {
   constexpr double kPatience = 1;  // seconds, as often as need be
-  constexpr int kTriesAlone = 10;  // before the user is asked to help
+  constexpr int kTriesAlone = 5;   // before the user is asked to help
   Globals& g = program_.g;
   if (!KnownEdition()) return;  // there is no title to look for
   std::optional<UsersTurn> turn;
