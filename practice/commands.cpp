@@ -13,6 +13,7 @@
 #include "practice/sign_on.h"
 #include "practice/text_box.h"
 #include "practice/user_hand.h"
+#include "practice/window_questions.h"
 
 #include <algorithm>
 #include <cmath>
@@ -212,8 +213,8 @@ std::string DoClientMenu(Client& client, const Words& words) {
 }
 
 std::string DoCloseWindow(Client& client, const Words& words) {
-  for (const auto& document : client.Documents<Document>()) {
-    if (!document->Filled() || !HoldsNoCase(document->caption(), words[1])) continue;
+  for (const auto& document : StandingDocuments(client)) {
+    if (!HoldsNoCase(CaptionThatStands(client, *document), words[1])) continue;
     document->Close();
     return "";
   }

@@ -66,7 +66,7 @@ class PracticeClient {
   // One question: `input` (the chat input's text), `view` (the room's view), `room` (its
   // name, "" for none), `line-seen PERSON
   // TEXT`
-  // ("1"/"0"), `im PERSON text|open`, `mail to|subject|body|attached`, `menu CAPTION` ("1"/"0"),
+  // ("1"/"0"), `im PERSON text|open`, `window CAPTION state|visible|text|place`, `mail to|subject|body|attached`, `menu CAPTION` ("1"/"0"),
   // `enabled` (its main window), `signed-on-as`, `target` (the window class and caption on top).
   Reply Ask(const std::vector<std::string>& words);
 

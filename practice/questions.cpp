@@ -8,6 +8,7 @@
 #include "practice/row_list.h"
 #include "practice/text_box.h"
 #include "practice/user_hand.h"
+#include "practice/window_questions.h"
 
 namespace corvel::practice {
 namespace {
@@ -121,6 +122,7 @@ constexpr Question kQuestions[] = {
     {"hourglass", AskHourglass},
     {"busy", AskBusy},
     {"place-of", AskPlaceOf},
+    {"window", AskWindow},
 };
 
 }  // namespace

@@ -22,7 +22,12 @@ class Answers {
   Answers(Stage& stage, User& user) : stage_(stage), user_(user) {}
 
   std::deque<std::string> buttons;  // captions, for message boxes
-  AnswerQueue<std::string> inputs, files, folders;
+  struct Input {
+    std::optional<std::string> text;  // nothing is Cancel
+    bool nobody = false;              // nobody answers it
+  };
+  std::deque<Input> inputs;
+  AnswerQueue<std::string> files, folders;
   AnswerQueue<Color> colors;
 
   // Answers the dialog that waits in front, if any. True: it did something.
@@ -55,7 +60,6 @@ class Answers {
   bool AnswerFolder(const FormView& form);
   void Journal(std::string_view kind, const std::string& text, const std::string& answer,
                bool queued);
-  std::optional<std::string> TakeButton();
   void Fill(const FormView& form, const char* boxName, const std::optional<std::string>& text);
   bool PressFilled(const FormView& form);
   void Press(const FormView& form, const std::string& caption);
@@ -63,7 +67,7 @@ class Answers {
   Stage& stage_;
   User& user_;
   std::set<Window> told_;  // message boxes that are in the journal already
-  std::set<Window> left_;  // message boxes that nobody answers
+  std::set<Window> left_;  // message and input boxes that nobody answers
   std::string failure_;
   Window filled_{};  // has got its text by `typed_`; its button is still to be pressed
   Deed typed_;

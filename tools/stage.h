@@ -133,6 +133,7 @@ class Stage {
   virtual Deed Select(Window control, int row, bool keepMarked) = 0;
   virtual Deed Type(Window control, const std::string& wholeText) = 0;
   virtual Deed Press(Window control, Key key) = 0;
+  virtual Deed Drag(Window control, int dx, int dy) = 0;  // pixels
   virtual Deed Close(Window form) = 0;
   virtual bool TrayMouse(LParam mouseMessage) = 0;                    // false: there is no icon
   virtual std::vector<std::shared_ptr<desk::Prompt>>& Prompts() = 0;  // innermost last

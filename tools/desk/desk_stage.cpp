@@ -174,6 +174,9 @@ Deed DeskStage::Type(Window control, const std::string& wholeText) {
   return Done(desk_.peers().Type(control, wholeText));
 }
 Deed DeskStage::Press(Window control, Key key) { return Done(desk_.peers().Press(control, key)); }
+Deed DeskStage::Drag(Window control, int dx, int dy) {
+  return Done(desk_.peers().Drag(control, dx, dy));
+}
 Deed DeskStage::Close(Window form) { return Done(desk_.peers().Close(form)); }
 
 bool DeskStage::TrayMouse(LParam mouseMessage) { return desk_.services().TrayMouse(mouseMessage); }

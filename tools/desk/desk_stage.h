@@ -66,6 +66,7 @@ class DeskStage : public Stage, private desk::Agent {
   Deed Select(Window control, int row, bool keepMarked) override;
   Deed Type(Window control, const std::string& wholeText) override;
   Deed Press(Window control, Key key) override;
+  Deed Drag(Window control, int dx, int dy) override;
   Deed Close(Window form) override;
   bool TrayMouse(LParam mouseMessage) override;
   std::vector<std::shared_ptr<desk::Prompt>>& Prompts() override { return desk_.Prompts(); }

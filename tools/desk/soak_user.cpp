@@ -183,7 +183,7 @@ void SoakUser::ThinkOfAnswer() {
   const bool cancel = dice_.Chance(30);
   if (answers.buttons.empty()) answers.buttons.push_back(dice_.OneOf(kButtons));
   if (answers.inputs.empty())
-    answers.inputs.push_back(cancel ? std::nullopt : std::optional(SomeText()));
+    answers.inputs.push_back({cancel ? std::nullopt : std::optional(SomeText())});
   if (answers.files.empty())
     answers.files.push_back(cancel ? std::nullopt : std::optional(SomeWave()));
   if (answers.folders.empty())

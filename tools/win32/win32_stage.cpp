@@ -318,6 +318,10 @@ Deed Win32Stage::Press(Window control, Key key) {
   return byHand_ ? Begun(byHand_->controls.Press(control, key))
                  : Done(home_.peers().Press(control, key));
 }
+// Also where the other deeds are done by hand.
+Deed Win32Stage::Drag(Window control, int dx, int dy) {
+  return Done(home_.peers().Drag(control, dx, dy));
+}
 Deed Win32Stage::Close(Window form) {
   return byHand_ ? Begun(byHand_->controls.Close(form)) : Done(home_.peers().Close(form));
 }

@@ -81,6 +81,7 @@ class Win32Stage : public Stage {
   Deed Select(Window control, int row, bool keepMarked) override;
   Deed Type(Window control, const std::string& wholeText) override;
   Deed Press(Window control, Key key) override;
+  Deed Drag(Window control, int dx, int dy) override;
   Deed Close(Window form) override;
   bool TrayMouse(LParam mouseMessage) override;
   std::vector<std::shared_ptr<desk::Prompt>>& Prompts() override { return script_.prompts; }
