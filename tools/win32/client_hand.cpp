@@ -1,7 +1,7 @@
 // The user's hands at the practice client; see client_hand.h.
 #include "tools/win32/client_hand.h"
 
-#include "base/text.h"
+#include "base/cp1252.h"
 #include "platform/win32/handles.h"
 #include "platform/win32/win32_peers.h"
 #include "tools/user.h"
