@@ -6,6 +6,7 @@
 // hooks run inside; no handle that was found before a wait may be trusted after it.
 #pragma once
 
+#include "core/features/client.h"
 #include "core/program.h"
 
 #include <optional>
@@ -15,15 +16,16 @@
 
 namespace corvel {
 
-class AolClient {
+class AolClient : public Client {
  public:
   explicit AolClient(Program& program) : program_(program) {}
+  void Join(Hub& hub) { hub.client = this; }
 
   // --- Searching (window_search.cpp) -----------------------------------------------------------
   // The n-th direct child (from 1) of that class, case ignored; n below 1 gives 0 without walking.
-  Window FindChildByClass(Window parent, std::string_view className, int n = 1);
+  Window FindChildByClass(Window parent, std::string_view className, int n = 1) override;
   // The n-th direct child whose caption holds `title`, case ignored.
-  Window FindChildByTitle(Window parent, std::string_view title, int n = 1);
+  Window FindChildByTitle(Window parent, std::string_view title, int n = 1) override;
   // Until it is there: 10 seconds. The limits go by the time of day; a wait over midnight ends at
   // once.
   Window WaitForWindow(std::optional<std::string_view> className,
@@ -34,22 +36,22 @@ class AolClient {
   std::string GetCaptionText(Window window);
   int CountChildren(Window window);
   // The whole text; with `wait`, until it isn't blank, for 10 seconds.
-  std::string GetAPIText(Window window, bool wait = false);
+  std::string GetAPIText(Window window, bool wait = false) override;
 
   // --- Version, country, names (version.cpp, screen_names.cpp) ----------------------------------
-  void GetAOLVersion();
-  void LoadAOLStrings();
+  void GetAOLVersion() override;
+  void LoadAOLStrings() override;
   bool IsAOLAU();
-  bool IsAOLOnline(bool showMessage);
+  bool IsAOLOnline(bool showMessage) override;
   bool IsModalCancelUp();  // a sign-on is in progress
-  void GetScreenNames();
+  void GetScreenNames() override;
   void ReadSignOnNames();
-  std::string GetUserSN();
-  void MSNCheck();
+  std::string GetUserSN() override;
+  void MSNCheck() override;
 
   // --- The chat room (chat_room.cpp) -------------------------------------------------------------
   bool EnumChatRoom(Window window, Window parent);  // true: go on; false: found, in hChatRoom
-  void LookForRoom();                               // hChatRoom = the room, or 0
+  void LookForRoom() override;                      // hChatRoom = the room, or 0
   Window FindChatRoom(Window parent, std::string_view className);
   Window ChatInput(Window room);
   void TextToChat(const std::string& text, int mode);  // 0 put, 1 send, 2 send after half a second
@@ -64,10 +66,10 @@ class AolClient {
 
   // --- Driving (driving.cpp) ---------------------------------------------------------------------
   bool RunMenuByString(Window window, std::string_view caption, bool run);
-  void RunKeyword(const std::string& target);
+  void RunKeyword(const std::string& target) override;
   Window OpenEMail();
   Window AOLOpenEMail(std::string_view address, bool tabOn);
-  Window IsWriteMailWindow(Window window);
+  Window IsWriteMailWindow(Window window) override;
   void AOLGetProfile(std::string_view name);
   void AOLCursor();
   void OpenMemberPage(std::string_view name);

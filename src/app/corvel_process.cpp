@@ -1,6 +1,5 @@
 #include "app/corvel_process.h"
 
-#include "app/compose.h"
 #include "base/error.h"
 #include "core/helpers.h"
 #include "core/main.h"
@@ -28,13 +27,18 @@ CorvelProcess::CorvelProcess(Platform& platform)
     : program_(platform),
       client_(program_),
       fader_(program_.settings.Fader, [&platform] { YieldToEvents(platform); }),
+      faderSwitch_(program_),
       wavLibrary_(program_, client_, fader_),
-      accessModes_(program_, client_) {
+      shell_(program_, client_) {
   program_.forms.onUnhandledError = [this](const RunTimeError& error, const char* form,
                                            const char* procedure) {
     ReportUnhandled(program_, error, form, procedure);
   };
-  Compose(program_, client_, wavLibrary_, accessModes_);
+  Hub& hub = program_.hub;
+  client_.Join(hub);
+  faderSwitch_.Join(hub);
+  wavLibrary_.Join(hub);
+  shell_.Join(hub);
 }
 
 void CorvelProcess::Start() {

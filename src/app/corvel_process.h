@@ -1,10 +1,12 @@
-// CorvelProcess: the whole program as one process of whatever home it runs on.
+// CorvelProcess: the whole program as one process of whatever home it runs on, and its composition:
+// each feature joins the hub through its door, and knows those below it only.
 #pragma once
 
 #include "aolbridge/aolclient.h"
+#include "app/fader_switch.h"
 #include "core/program.h"
 #include "fader/modFade.h"
-#include "shell/access_modes.h"
+#include "shell/shell.h"
 #include "wavlib/wavlib.h"
 
 namespace corvel {
@@ -26,8 +28,9 @@ class CorvelProcess {
   Program program_;
   AolClient client_;
   Fader fader_;
+  FaderSwitch faderSwitch_;
   WavLibrary wavLibrary_;
-  AccessModes accessModes_;
+  ShellFeature shell_;
   bool running_ = false;
 };
 

@@ -2,10 +2,15 @@
 
 #include "base/text.h"
 #include "core/dialogs.h"
+#include "core/features/access.h"
+#include "core/features/chat_tools.h"
+#include "core/features/facts_and_clock.h"
+#include "core/features/instant_messages.h"
 #include "core/find_client.h"
 #include "core/helpers.h"
 #include "core/looks.h"
 #include "core/main.h"
+#include "core/not_built.h"
 #include "core/report_error.h"
 #include "core/toolbar_menus.h"
 
@@ -25,10 +30,14 @@ constexpr std::uint32_t CommandId(WParam wParam) {
   return static_cast<std::uint32_t>(wParam & 0xFFFF);
 }
 
-// Hooks hand what they catch to whoever owns it; a RunTimeError goes no further than this, since
-// the client waits for the answer.
-void HandTo(const std::function<void(HookedMessage&)>& slot, HookedMessage& message) {
-  if (slot) GoOn([&] { slot(message); });
+// Hands what a hook catches to whoever owns it. Whose events they are is looked up each time. A
+// RunTimeError goes no further than this, since the client waits for the answer.
+template <class Events>
+void HandTo(forms::SubClass& hook, Events events) {
+  hook.onWndMessageX = [&hook, events](HookedMessage& message) {
+    GoOn([&] { events().OnMessage(message, hook); });
+  };
+  hook.onWndMessage = [events](LParam value) { events().OnRaised(value); };
 }
 
 }  // namespace
@@ -77,10 +86,11 @@ void frmCV7::WireButtons() {
     one.button.SetToolTip(one.tip);
     one.button.onClick = [this, &menu = one.menu] { PopupMenu(menu); };
   }
-  const bool hugs = IsBuilt(program, Command::kSendHug);
+  const Commands& commands = program.hub.commands;
+  const bool hugs = commands.IsBuilt(Command::kSendHug);
   cmdHugs.SetToolTip(std::string(hugs ? "Sends the current hug." : kNotBuiltTip) +
                      " Right-click for the editors.");
-  if (hugs) cmdHugs.onClick = [this] { RunCommand(program, Command::kSendHug); };
+  if (hugs) cmdHugs.onClick = [&commands] { commands.Run(Command::kSendHug); };
   // The editors have no button of their own, so this one stays enabled for them.
   cmdHugs.onRightClick = [this] { PopupMenu(mnuEditor); };
 }
@@ -89,14 +99,14 @@ void frmCV7::WireHooks() {
   const Hub& hub = program.hub;
   sbcMenu.onWndMessageX = [this](HookedMessage& m) { sbcMenu_WndMessageX(m); };
   sbcMenu.onWndMessage = [this](LParam value) { sbcMenu_WndMessage(value); };
-  sbcCmdLine.onWndMessageX = [&hub](HookedMessage& m) { HandTo(hub.ChatInputMessage, m); };
-  sbcSendIcon.onWndMessageX = [&hub](HookedMessage& m) { HandTo(hub.SendIconMessage, m); };
-  sbcChatWin.onWndMessageX = [&hub](HookedMessage& m) { HandTo(hub.ChatViewMessage, m); };
-  SubClass3.onWndMessageX = [&hub](HookedMessage& m) { HandTo(hub.PeopleListMessage, m); };
-  sbcMDI.onWndMessageX = [&hub](HookedMessage& m) { HandTo(hub.IMViewMessage, m); };
-  sbcRealMDI.onWndMessageX = [&hub](HookedMessage& m) { HandTo(hub.MdiCreateMessage, m); };
+  HandTo(sbcCmdLine, [&hub]() -> HookEvents& { return hub.chatTools->Input(); });
+  HandTo(sbcSendIcon, [&hub]() -> HookEvents& { return hub.chatTools->SendIcon(); });
+  HandTo(sbcChatWin, [&hub]() -> HookEvents& { return hub.chatTools->View(); });
+  HandTo(SubClass3, [&hub]() -> HookEvents& { return hub.chatTools->PeopleList(); });
+  HandTo(sbcMDI, [&hub]() -> HookEvents& { return hub.instantMessages->View(); });
+  HandTo(sbcRealMDI, [&hub]() -> HookEvents& { return hub.instantMessages->MdiClient(); });
   chat.onChatMsg = [&hub](std::string_view sender, std::string_view text) {
-    if (hub.ChatLine) GoOn([&] { hub.ChatLine(sender, text); });
+    GoOn([&] { hub.chatTools->ChatLine(sender, text); });
   };
 }
 
@@ -104,12 +114,8 @@ void frmCV7::WireTimers() {
   const Hub& hub = program.hub;
   Timer1.onTimer = [this] { Timer1_Timer(); };
   Timer2.onTimer = [this] { Timer2_Timer(); };
-  tmrAnswerer.onTimer = [&hub] {
-    if (hub.AnswererTick) GoOn(hub.AnswererTick);
-  };
-  tmrIMWav.onTimer = [&hub] {
-    if (hub.IMWavTick) GoOn(hub.IMWavTick);
-  };
+  tmrAnswerer.onTimer = [&hub] { GoOn([&hub] { hub.instantMessages->AnswererTick(); }); };
+  tmrIMWav.onTimer = [&hub] { GoOn([&hub] { hub.instantMessages->WavTick(); }); };
 }
 
 // --- Load and unload -----------------------------------------------------------------------------
@@ -125,17 +131,14 @@ void frmCV7::Form_Load() {
   Timer1.SetEnabled(true);
   ResizeButtons();
   RestoreToolbarPlace();
-  if (program.settings.Clock.Show && program.hub.ShowClock) program.hub.ShowClock();
+  if (program.settings.Clock.Show) program.hub.factsAndClock->ShowClock();
   SetOwner(program.g.hAOL);
   SetRowsByVersion();
-  if (program.g.AccessMode == 0 || !program.hub.SetUpAccess)
-    Show(false);
-  else
-    program.hub.SetUpAccess();
+  if (program.g.AccessMode == 0 || !program.hub.access->SetUp()) Show(false);
 }
 
 void frmCV7::Form_Message(MessageId id, WParam, LParam lParam) {
-  if (id == kTrayMessage && program.hub.TrayMessage) program.hub.TrayMessage(lParam);
+  if (id == kTrayMessage) program.hub.access->OnTray(lParam);
 }
 
 void frmCV7::RestoreToolbarPlace() {
@@ -146,20 +149,29 @@ void frmCV7::RestoreToolbarPlace() {
 
 void frmCV7::SetRowsByVersion() {
   const Globals& g = program.g;
-  for (auto* const rows : {&mnuWavs.Rows(), &mnuTrayMnu(tray_row::kWavs).rows})
-    for (const int fade : {row::kFadeSeparator, row::kFadeDesigner})
-      rows->at(static_cast<std::size_t>(fade)).visible = g.IsVersion4Or5();
-  if (g.AOLVer == "5" && g.AOLLocale == locale::kUs) SetWelcomeCaption("Hide AOL Main Window");
+  ShowRow(Command::kFadeDesigner, g.IsVersion4Or5());
+  if (g.AOLVer == "5" && g.AOLLocale == locale::kUs)
+    SetRowCaption(Command::kHideWelcome, "Hide AOL Main Window");
 }
 
-void frmCV7::SetWelcomeCaption(const char* caption) {
-  mnuMenu(row::kHideWelcome).caption = mnuTrayMnu(tray_row::kHideWelcome).caption = caption;
+void frmCV7::ForEachRow(Command command, const std::function<void(forms::MenuRow&)>& change) {
+  for (forms::Menu* const menu :
+       {&mnuMenu, &mnuWavs, &mnuIMs, &mnuHotWords, &mnuEditor, &mnuTrayMnu})
+    if (forms::MenuRow* const row = menu->Find(static_cast<int>(command))) change(*row);
+}
+
+void frmCV7::SetRowCaption(Command command, const char* caption) {
+  ForEachRow(command, [caption](forms::MenuRow& row) { row.caption = caption; });
+}
+
+void frmCV7::ShowRow(Command command, bool visible) {
+  ForEachRow(command, [visible](forms::MenuRow& row) { row.visible = visible; });
 }
 
 void frmCV7::ShowSiblingRows() {
   const auto& general = program.settings.General;
-  mnuMenu(row::kPalroster).visible = mnuTrayMnu(tray_row::kPalroster).visible = general.ShowPRMenu;
-  mnuMenu(row::kBackdrape).visible = mnuTrayMnu(tray_row::kBackdrape).visible = general.ShowBDMenu;
+  ShowRow(Command::kPalroster, general.ShowPRMenu);
+  ShowRow(Command::kBackdrape, general.ShowBDMenu);
 }
 
 bool frmCV7::Form_QueryUnload(bool byUser) {
@@ -178,15 +190,18 @@ void frmCV7::Form_Unload() {
   if (program.g.IsVersion4Or5()) RemoveWindowListRows();
 }
 
+// In the order in which they are unhooked.
+std::array<forms::SubClass*, 7> frmCV7::Hooks() {
+  return {&sbcChatWin, &sbcCmdLine, &sbcMDI, &sbcMenu, &sbcRealMDI, &sbcSendIcon, &SubClass3};
+}
+
 void frmCV7::UnhookSeven() {
-  for (forms::SubClass* const hook :
-       {&sbcChatWin, &sbcCmdLine, &sbcMDI, &sbcMenu, &sbcRealMDI, &sbcSendIcon, &SubClass3})
-    hook->SetHWnd({});
+  for (forms::SubClass* const hook : Hooks()) hook->SetHWnd({});
 }
 
 void frmCV7::UnhookSubclasses() {
   UnhookSeven();
-  if (program.settings.IM.TabsOn && program.hub.UnhookIMs) program.hub.UnhookIMs();
+  if (program.settings.IM.TabsOn) GoOn([this] { program.hub.instantMessages->UnhookManaged(); });
 }
 
 // The rows that the program has put at the end of the client's Window menu, and the separator in
@@ -240,7 +255,7 @@ void frmCV7::sbcMenu_WndMessageX(HookedMessage& message) {
   const bool exits = message.id == wm::kCommand && CommandId(message.wParam) == kClientExit;
   const bool closes = message.id == wm::kClose && !program.g.AOLClosing;
   if (!exits && !closes) {
-    HandTo(program.hub.MenuMessage, message);
+    GoOn([&] { program.hub.access->ClientFrame().OnMessage(message, sbcMenu); });
     return;
   }
   if (exits) program.g.AOLClosing = true;
@@ -251,7 +266,7 @@ void frmCV7::sbcMenu_WndMessageX(HookedMessage& message) {
 
 void frmCV7::sbcMenu_WndMessage(LParam value) {
   if (value != static_cast<LParam>(wm::kClose) && value != static_cast<LParam>(wm::kCommand)) {
-    if (program.hub.ClientMenuRow) program.hub.ClientMenuRow(static_cast<std::uint32_t>(value));
+    program.hub.access->ClientFrame().OnRaised(value);
     return;
   }
   UnhookSubclasses();

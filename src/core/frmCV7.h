@@ -7,6 +7,7 @@
 #include "forms/subclass.h"
 #include "forms/timer.h"
 
+#include <array>
 #include <functional>
 
 namespace corvel {
@@ -35,6 +36,9 @@ class frmCV7 : public ProgramForm {
   void PopUpTrayMenu() { PopupMenu(mnuTrayMnu); }
   // The sibling programs' rows, by ShowPRMenu and ShowBDMenu.
   void ShowSiblingRows();
+  // Every row of the toolbar's menus and the tray's that stands for this command.
+  void SetRowCaption(Command command, const char* caption);
+  void ShowRow(Command command, bool visible);
 
  protected:
   void Form_Load() override;
@@ -49,7 +53,8 @@ class frmCV7 : public ProgramForm {
   void ColorButtons();
   void RestoreToolbarPlace();
   void SetRowsByVersion();
-  void SetWelcomeCaption(const char* caption);
+  void ForEachRow(Command command, const std::function<void(forms::MenuRow&)>& change);
+  std::array<forms::SubClass*, 7> Hooks();
   void UnhookSeven();
   void RemoveWindowListRows();
   // Timer1, in its order (frmCV7_timers.cpp).

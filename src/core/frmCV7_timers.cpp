@@ -5,12 +5,17 @@
 // down can have been gone by the time it comes back.
 #include "base/text.h"
 #include "core/dialogs.h"
+#include "core/features/access.h"
+#include "core/features/chat_tools.h"
+#include "core/features/client.h"
+#include "core/features/fader_windows.h"
+#include "core/features/instant_messages.h"
+#include "core/features/read_mail_watch.h"
 #include "core/find_client.h"
 #include "core/frmCV7.h"
 #include "core/helpers.h"
 #include "core/main.h"
 #include "core/report_error.h"
-#include "core/toolbar_menus.h"
 
 namespace corvel {
 
@@ -68,13 +73,13 @@ void frmCV7::Timer1_Timer() {
 
 // A client that hung when it was to be hooked is hooked as soon as it can be.
 void frmCV7::RenewHooks() {
-  for (forms::SubClass* const hook : {&sbcMenu, &sbcChatWin, &sbcCmdLine, &sbcSendIcon, &SubClass3})
-    hook->Renew();
+  for (forms::SubClass* const hook : Hooks()) hook->Renew();
   chat.Renew();
+  program.hub.instantMessages->RenewHooks();
 }
 
 void frmCV7::FollowRoom() {
-  program.hub.client.LookForRoom();
+  program.hub.client->LookForRoom();
   if (program.g.hChatRoom && !ChatHooked) HookRoom();
   if (!program.g.hChatRoom && ChatHooked) UnhookRoom();
 }
@@ -84,10 +89,9 @@ void frmCV7::HookRoom() {
   const RoomWindows room = FindRoomWindows(program, program.g.hChatRoom);
   if (!room.AllThere()) return;  // still being built: the next tick tries again
   if (program.g.IsVersion4Or5()) {
-    if (program.settings.Fader.ShowFadePanelWithChat && !program.g.FadePanelUp &&
-        program.hub.ShowFadePanel) {
+    if (program.settings.Fader.ShowFadePanelWithChat && !program.g.FadePanelUp) {
       program.g.FadePanelUp = true;
-      program.hub.ShowFadePanel();
+      if (!program.hub.faderWindows->ShowPanelWithRoom()) program.g.FadePanelUp = false;
     }
     chat.Attach(program.g.hChatRoom);
   } else {
@@ -108,10 +112,10 @@ void frmCV7::UnhookRoom() {
     chat.Detach();
   else
     sbcChatWin.SetHWnd({});
-  if (program.g.CmdPopupUp) CallSlot(program.hub.HideKeywordPopup);
+  GoOn([this] { program.hub.chatTools->RoomHasGone(); });
   if (program.g.FadePanelUp) {
     program.g.FadePanelUp = false;
-    CallSlot(program.hub.HideFadePanel);
+    program.hub.faderWindows->HidePanel();
   }
 }
 
@@ -119,29 +123,28 @@ void frmCV7::WatchMailBar() {
   Globals& g = program.g;
   if (!program.settings.EFade.ShowToolbar || !g.IsVersion4Or5()) return;
   WindowSystem& windows = platform().windows;
-  g.hMailWin = program.hub.client.IsWriteMailWindow(windows.TopChild(g.hMDI));
+  g.hMailWin = program.hub.client->IsWriteMailWindow(windows.TopChild(g.hMDI));
   if (!g.hMailWin) {
     if (!MailBarUp) return;
     MailBarUp = false;
-    CallSlot(program.hub.HideMailBar);
+    program.hub.faderWindows->HideMailBar();
   } else if (!MailBarUp) {
     MailBarUp = true;
-    if (!program.hub.ShowMailBar) return;
-    program.hub.ShowMailBar();
-    windows.SetFocus(g.hMailWin);  // the mail keeps the caret
+    if (program.hub.faderWindows->ShowMailBar())
+      windows.SetFocus(g.hMailWin);  // the mail keeps the caret
   }
 }
 
 void frmCV7::FollowOnline() {
   Globals& g = program.g;
-  if (program.hub.client.IsAOLOnline(false)) {
+  if (program.hub.client->IsAOLOnline(false)) {
     if (g.IsOnline) return;
-    g.CurrentSN = program.hub.client.GetUserSN();
+    g.CurrentSN = program.hub.client->GetUserSN();
     g.IsOnline = !g.Unloading;
     return;
   }
   if (g.Unloading) return;
-  CallSlot(program.hub.TidyIMsAfterSignOff);
+  GoOn([this] { program.hub.instantMessages->TidyAfterSignOff(); });
   if (!g.IsOnline) return;
   g.CurrentSN.clear();
   ResetCaptionsOfSignedOff();
@@ -151,26 +154,24 @@ void frmCV7::FollowOnline() {
 // The same on every version: where the row read "Hide AOL Main Window" since the load, it reads
 // otherwise from the first sign-off on.
 void frmCV7::ResetCaptionsOfSignedOff() {
-  mnuIMs(row::kTurnIMsOff).caption = "Turn IMs Off";
-  mnuTrayMnu(tray_row::kIMs).rows.at(row::kTurnIMsOff).caption = "Turn IMs Off";
-  CallSlot(program.hub.ResetAccessCaptions);
-  SetWelcomeCaption("Hide Welcome Window");
+  SetRowCaption(Command::kTurnIMsOff, "Turn IMs Off");
+  program.hub.access->ResetCaptions();
+  SetRowCaption(Command::kHideWelcome, "Hide Welcome Window");
 }
 
 void frmCV7::WatchReadMail() {
   const Hub& hub = program.hub;
-  const bool plays = program.settings.EWav.PlayMailWav && hub.PlayMailWav;
-  const bool scans = program.settings.WavScan.Active && hub.CheckForWavDL;
+  const bool plays = program.settings.EWav.PlayMailWav, scans = program.settings.WavScan.Active;
   if (!plays && !scans) return;
   const Window top = platform().windows.TopChild(program.g.hMDI);
   const Window label =
-      hub.client.FindChildByClass(top, "_AOL_STATIC", program.g.AOLLocale == locale::kUk ? 9 : 3);
-  if (!label || Lower(hub.client.GetAPIText(label)) != "reply") {
-    CallSlot(hub.ForgetLastMail);
+      hub.client->FindChildByClass(top, "_AOL_STATIC", program.g.AOLLocale == locale::kUk ? 9 : 3);
+  if (!label || Lower(hub.client->GetAPIText(label)) != "reply") {
+    hub.readMail->ForgetLastMail();
     return;
   }
-  if (plays) hub.PlayMailWav(top);
-  if (scans && !program.g.Unloading) hub.CheckForWavDL(top);
+  if (plays) hub.readMail->PlayMailWav(top);
+  if (scans && !program.g.Unloading) hub.readMail->CheckForWavDL(top);
 }
 
 void frmCV7::Timer2_Timer() {
@@ -191,8 +192,8 @@ void frmCV7::DismissRefusalBox() {
   WindowSystem& windows = platform().windows;
   const Window box = windows.Find("#32770", program.g.strings.AOLTitle);
   if (!box) return;
-  const Window text = program.hub.client.FindChildByClass(box, "Static", 2);
-  if (!HoldsNoCase(program.hub.client.GetAPIText(text), "message is too long or too complex"))
+  const Window text = program.hub.client->FindChildByClass(box, "Static", 2);
+  if (!HoldsNoCase(program.hub.client->GetAPIText(text), "message is too long or too complex"))
     return;
   windows.EndDialog(box, -1);
   const bool wantsToRead = AskYesNo(
@@ -203,14 +204,14 @@ void frmCV7::DismissRefusalBox() {
   if (wantsToRead && program.settings.General.UseExternalBrowser)
     OpenWithShell(program, this, kFadeNewsPage);
   else if (wantsToRead)
-    program.hub.client.RunKeyword(kFadeNewsPage);
-  CallSlot(program.hub.SwitchFaderOff);
+    program.hub.client->RunKeyword(kFadeNewsPage);
+  program.hub.faderWindows->SwitchOff();
 }
 
 void frmCV7::DismissInvitation() {
   if (!program.settings.General.DismissBuddyInvites) return;
   const Window invitation =
-      program.hub.client.FindChildByTitle(program.g.hMDI, "Invitation From: ", 1);
+      program.hub.client->FindChildByTitle(program.g.hMDI, "Invitation From: ", 1);
   if (!invitation) return;
   Pause(program, 0.5);
   platform().windows.Send(invitation, wm::kClose, 0, 0);
@@ -218,11 +219,11 @@ void frmCV7::DismissInvitation() {
 
 // With the manager off there is nobody else to turn an ignored IM away.
 void frmCV7::CloseIgnoredIM() {
-  if (program.settings.IM.TabsOn || !program.hub.IsIgnored) return;
+  if (program.settings.IM.TabsOn) return;
   const Window im =
-      program.hub.client.FindChildByTitle(program.g.hMDI, ">Instant Message From: ", 1);
+      program.hub.client->FindChildByTitle(program.g.hMDI, ">Instant Message From: ", 1);
   if (!im) return;
-  if (program.hub.IsIgnored(SenderInCaption(program.hub.client.GetAPIText(im))))
+  if (program.hub.instantMessages->IsIgnored(SenderInCaption(program.hub.client->GetAPIText(im))))
     platform().windows.Send(im, wm::kClose, 0, 0);
 }
 

@@ -1,5 +1,8 @@
 #include "core/frmMain.h"
 
+#include "core/features/facts_and_clock.h"
+#include "core/report_error.h"
+
 namespace corvel {
 
 frmMain::frmMain(Program& p)
@@ -20,12 +23,13 @@ frmMain::frmMain(Program& p)
   lblTitle.SetFont(bold);
   lblFact.SetFont(bold);
   lblTipText.SetWordWrap(true);
+  lblTipText.SetMnemonic(false);
   prgStatus.SetAccessibleName("Progress of the start");
 }
 
 void frmMain::Form_Load() {
   using forms::Cell, forms::Column;
-  if (program.hub.ChooseFact) lblTipText.SetCaption(program.hub.ChooseFact());
+  GoOn([this] { lblTipText.SetCaption(program.hub.factsAndClock->ChooseFact()); });
   lblFact.SetVisible(!lblTipText.Caption().empty());
   lblTipText.SetVisible(!lblTipText.Caption().empty());
   Arrange(Column({Cell(Picture1, 56, 2), Cell(lblTitle), Cell(lblFact), Cell(lblTipText, 56),

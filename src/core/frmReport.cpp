@@ -24,6 +24,8 @@ frmReport::frmReport(Program& p, const ErrorPlace& place, const RunTimeError& er
       cmdStop(*this, "cmdStop", "&Stop"),
       cmdRetry(*this, "cmdRetry", "&Retry"),
       cmdGoOn(*this, "cmdGoOn", "&Go on") {
+  lblPlace.SetMnemonic(false);
+  lblError.SetMnemonic(false);
   Picture1.SetPicture(Picture::kStop);
   Picture1.SetAccessibleName("Error");
   cmdStop.SetToolTip("Ends Corvel 32 and gives the client everything back.");

@@ -2,6 +2,12 @@
 #include "core/main.h"
 
 #include "core/dialogs.h"
+#include "core/features/access.h"
+#include "core/features/client.h"
+#include "core/features/facts_and_clock.h"
+#include "core/features/fader_windows.h"
+#include "core/features/instant_messages.h"
+#include "core/features/siblings.h"
 #include "core/find_client.h"
 #include "core/frmCV7.h"
 #include "core/frmMain.h"
@@ -104,8 +110,8 @@ void DetermineVersion(Program& program, Splash& splash) {
   splash.Report("Determining AOL Version");
   splash.Progress(30);
   splash.Progress(40);
-  StartStep(program, "Main", program.hub.client.GetAOLVersion);
-  StartStep(program, "Main", program.hub.client.LoadAOLStrings);
+  StartStep(program, "Main", [&program] { program.hub.client->GetAOLVersion(); });
+  StartStep(program, "Main", [&program] { program.hub.client->LoadAOLStrings(); });
   splash.EndIfClientIsGone();
   const Country& country = kCountries[static_cast<std::size_t>(g.AOLLocale)];
   splash.Report("AOL Version " + g.AOLVer + country.report);
@@ -114,9 +120,9 @@ void DetermineVersion(Program& program, Splash& splash) {
 
 void ReadNames(Program& program, Splash& splash) {
   splash.Report("Retrieving Screen Names");
-  StartStep(program, "Main", program.hub.client.GetScreenNames);
+  StartStep(program, "Main", [&program] { program.hub.client->GetScreenNames(); });
   splash.EndIfClientIsGone();
-  StartStep(program, "Main", program.hub.client.MSNCheck);
+  StartStep(program, "Main", [&program] { program.hub.client->MSNCheck(); });
   splash.Progress(50);
   splash.Report("Master Screen Name: " + program.g.SN[0]);
   splash.Progress(70);
@@ -156,20 +162,21 @@ void LoadCorvel(Program& program) {
   step(true, [&program] {
     LoadSiblingKeys(program.store, program.settings);
     if (frmCV7* const toolbar = program.forms.Loaded<frmCV7>()) toolbar->ShowSiblingRows();
+    program.hub.access->RowsChanged();
   });
   g.WinDir = GetWinDir(program);
   g.SysDir = GetSysDir(program);
   if (g.IsVersion4Or5()) {
     LoadFaderGroup(program.store, program.settings);
-    step(settings.IM.TabsOn, [&hub] { CallSlot(hub.InitializeIMManager); });
+    step(settings.IM.TabsOn, [&hub] { hub.instantMessages->Initialize_IM_Manager(); });
   }
   // Not without the library's help, but no reason to stop: what needs it does without.
   step(true, [&program] { program.platform.proxy.Attach(program.g.hAOL); });
-  step(true, [&hub] { CallSlot(hub.ScanIncoming); });
-  step(settings.General.PopupFact, [&hub] { CallSlot(hub.ShowFact); });
-  step(settings.General.LaunchPR, [&hub] { CallSlot(hub.StartPalroster); });
-  step(settings.General.LaunchBD, [&hub] { CallSlot(hub.StartBackdrape); });
-  step(true, [&hub] { CallSlot(hub.LogCountCheck); });
+  step(true, [&hub] { hub.faderWindows->ScanIncoming(); });
+  step(settings.General.PopupFact, [&hub] { hub.factsAndClock->ShowFact(); });
+  step(settings.General.LaunchPR, [&hub] { hub.siblings->StartPalroster(); });
+  step(settings.General.LaunchBD, [&hub] { hub.siblings->StartBackdrape(); });
+  step(true, [&hub] { hub.instantMessages->LogCountCheck(); });
 }
 
 void Start(Program& program) {
@@ -189,17 +196,18 @@ void Start(Program& program) {
 // --- The way down --------------------------------------------------------------------------------
 
 // What the client must have back, in an order that others rely on: IMs first, since their windows
-// sit in ours, the proxy last, since it serves all the rest. Each step may come a second time.
+// sit in ours, the proxy last, since it serves all the rest. Each step may come a second time, and
+// none that fails keeps the next from running.
 void GiveBackWindows(Program& program) {
   program.platform.windows.Enable(program.g.hAOL, true);
-  if (program.settings.IM.TabsOn) GoOn([&] { CallSlot(program.hub.GiveBackIMs); });
+  if (program.settings.IM.TabsOn) GoOn([&] { program.hub.instantMessages->GiveBack(); });
 }
 
 void TakeDownToolbar(Program& program) {
   frmCV7* const toolbar = program.forms.Loaded<frmCV7>();
   if (!toolbar) return;
   toolbar->DisableTimers();
-  CallSlot(program.hub.TakeDownAccess);
+  GoOn([&] { program.hub.access->TakeDown(); });
   toolbar->Hide();
 }
 

@@ -40,9 +40,8 @@ void CheckForSibling(Program& program, const std::string& name) {
 }
 
 void RunLiveUpdate(Program& program) {
-  const auto check = program.hub.commands.find(Command::kCheckForUpdates);
-  if (check != program.hub.commands.end())
-    check->second();
+  if (program.hub.commands.IsBuilt(Command::kCheckForUpdates))
+    program.hub.commands.Run(Command::kCheckForUpdates);
   else
     MsgBoxEx(program, "This feature is not built yet.");
   EndProgram();

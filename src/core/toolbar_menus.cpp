@@ -1,5 +1,7 @@
 #include "core/toolbar_menus.h"
 
+#include "core/not_built.h"
+
 #include <iterator>
 #include <optional>
 #include <vector>
@@ -151,9 +153,10 @@ forms::MenuRow MakeRow(Program& program, const RowRule& rule) {
   for (std::size_t i = 0; i < rule.subRows; ++i)
     row.rows.push_back(MakeRow(program, rule.subMenu[i]));
   if (!rule.command) return row;
-  row.enabled = IsBuilt(program, *rule.command);
+  row.id = static_cast<int>(*rule.command);
+  row.enabled = program.hub.commands.IsBuilt(*rule.command);
   if (!row.enabled) row.tip = kNotBuiltTip;
-  row.onClick = [&program, command = *rule.command] { RunCommand(program, command); };
+  row.onClick = [&program, command = *rule.command] { program.hub.commands.Run(command); };
   return row;
 }
 
@@ -183,17 +186,6 @@ forms::Menu MakeEditorMenu(Program& program) {
 
 forms::Menu MakeTrayMenu(Program& program) {
   return MakeMenu(program, "mnuTrayMnu", "TrayMenu", kTrayRows);
-}
-
-bool IsBuilt(const Program& program, Command command) {
-  return program.hub.commands.contains(command);
-}
-
-void RunCommand(Program& program, Command command) {
-  const auto found = program.hub.commands.find(command);
-  if (found == program.hub.commands.end()) return;
-  const auto action = found->second;
-  action();
 }
 
 }  // namespace corvel

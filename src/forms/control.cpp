@@ -6,6 +6,15 @@
 #include <algorithm>
 
 namespace corvel::forms {
+namespace {
+
+// The second text is the first one with a stretch taken out.
+bool IsShortened(const std::string& before, const std::string& text) {
+  const auto [at, rest] = std::mismatch(before.begin(), before.end(), text.begin(), text.end());
+  return text.size() < before.size() && before.ends_with(std::string(rest, text.end()));
+}
+
+}  // namespace
 
 Control::Control(Form& form, ControlKind kind, std::string name, int index) : form_(form) {
   state_.kind = kind;
@@ -198,10 +207,26 @@ void TextBox::SetText(std::string_view text) {
   Show(Aspect::kText);
 }
 
+void TextBox::SetMaxLength(int characters) {
+  state_.maxLength = std::max(characters, 0);
+  Show(Aspect::kLook);
+}
+
+// As the system's edit box does it: what is too long already can still be shortened.
+std::string TextBox::HeldToLimit(const std::string& text) const {
+  const auto limit = static_cast<std::size_t>(state_.maxLength);
+  const std::string& before = state_.text;
+  if (limit == 0 || text.size() <= limit || IsShortened(before, text)) return text;
+  return text.substr(0, text.starts_with(before) ? std::max(limit, before.size()) : limit);
+}
+
 void TextBox::UserText(const std::string& text) {
   if (!TakesInput() || state_.text == text) return;
-  SetText(text);
-  Raise(onChange, "Change");
+  const std::string held = HeldToLimit(text);
+  const bool changes = held != state_.text;
+  state_.text = held;
+  Show(Aspect::kText);
+  if (changes) Raise(onChange, "Change");
 }
 
 CheckBox::CheckBox(Form& form, std::string name, std::string_view caption, int index)

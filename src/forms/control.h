@@ -104,6 +104,8 @@ class Label : public Captioned {
   Label(Form& form, std::string name, std::string_view caption = {}, int index = -1);
   void SetWordWrap(bool wrap) { state_.wordWrap = wrap; }
   void SetCentered(bool centered) { state_.alignCenter = centered; }
+  // Without it the text is data, and its "&" shows as it is; before the form loads.
+  void SetMnemonic(bool mnemonic) { state_.mnemonic = mnemonic; }
 };
 
 class Button : public Captioned {
@@ -137,8 +139,13 @@ class TextBox : public Control {
   const std::string& Text() const { return state_.text; }
   void SetText(std::string_view text);
   void SetMultiLine(bool multiLine) { state_.multiLine = multiLine; }  // before the form loads
+  // The user can't make the text longer than so many characters, 0 for any number; code can.
+  void SetMaxLength(int characters);
   std::function<void()> onChange;  // the user has changed the text
   void UserText(const std::string& text) override;
+
+ private:
+  std::string HeldToLimit(const std::string& text) const;
 };
 
 class CheckBox : public Captioned {

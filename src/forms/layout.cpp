@@ -75,10 +75,14 @@ struct Metrics {
   int character, line;
 };
 
+std::string Shown(const ControlState& state, std::string_view text) {
+  return state.mnemonic ? PlainCaption(text) : std::string(text);
+}
+
 Size CaptionExtent(const ControlState& state, const Metrics& metrics) {
   Size extent{0, 0};
   for (const std::string_view line : Lines(state.text)) {
-    const Size size = metrics.display.TextExtent(PlainCaption(line), state.font);
+    const Size size = metrics.display.TextExtent(Shown(state, line), state.font);
     extent = {std::max(extent.width, size.width), extent.height + metrics.line};
   }
   return {extent.width, std::max(extent.height, metrics.line)};
@@ -93,7 +97,7 @@ int WrappedLines(const ControlState& state, int width, const Metrics& metrics) {
     while (!rest.empty()) {
       const auto blank = rest.find(' ');
       const std::string_view word = rest.substr(0, blank);
-      const int wordWidth = metrics.display.TextExtent(PlainCaption(word), state.font).width;
+      const int wordWidth = metrics.display.TextExtent(Shown(state, word), state.font).width;
       if (x > 0 && x + wordWidth > width) ++lines, x = 0;
       x += wordWidth + metrics.display.TextExtent(" ", state.font).width;
       rest.remove_prefix(blank == rest.npos ? rest.size() : blank + 1);
@@ -115,7 +119,7 @@ Size RunsExtent(const std::vector<TextRun>& runs, const Metrics& metrics) {
 int TabsWidth(const ControlState& state, const Metrics& metrics) {
   int width = 0;
   for (const std::string& caption : state.items)
-    width += metrics.display.TextExtent(PlainCaption(caption), state.font).width + kTabAround;
+    width += metrics.display.TextExtent(caption, state.font).width + kTabAround;
   return width;
 }
 

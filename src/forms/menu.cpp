@@ -1,13 +1,18 @@
 #include "forms/menu.h"
 
-#include "base/text.h"
-#include "forms/control.h"
-
-#include <algorithm>
+#include <stdexcept>
 #include <utility>
 
 namespace corvel::forms {
 namespace {
+
+MenuRow* FindIn(std::vector<MenuRow>& rows, int id) {
+  for (MenuRow& row : rows) {
+    if (row.id == id && id != 0) return &row;
+    if (MenuRow* const below = FindIn(row.rows, id)) return below;
+  }
+  return nullptr;
+}
 
 bool IsSeparator(const MenuRow& row) { return row.caption == "-"; }
 
@@ -104,14 +109,11 @@ class Builder {
 Menu::Menu(std::string name, std::string caption, std::vector<MenuRow> rows)
     : name_(std::move(name)), caption_(std::move(caption)), rows_(std::move(rows)) {}
 
-MenuRow& Menu::operator()(int index) { return rows_.at(static_cast<std::size_t>(index)); }
+MenuRow* Menu::Find(int id) { return FindIn(rows_, id); }
 
-MenuRow* Menu::FindRow(std::string_view caption) {
-  const std::string wanted = PlainCaption(caption);
-  const auto hit = std::find_if(rows_.begin(), rows_.end(), [&wanted](const MenuRow& row) {
-    return EqualNoCase(PlainCaption(row.caption), wanted);
-  });
-  return hit == rows_.end() ? nullptr : &*hit;
+MenuRow& Menu::RowWith(int id) {
+  if (MenuRow* const row = Find(id)) return *row;
+  throw std::out_of_range(name_ + " has no row " + std::to_string(id));
 }
 
 void Menu::Popup(Menus& menus, Window owner) {

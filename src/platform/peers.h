@@ -87,6 +87,8 @@ struct ControlState {
   int value = 0, maximum = 100;              // check state 0/1; bar value
   bool isDefault = false, isCancel = false;  // Enter and Escape press it, by UserKey
   bool wordWrap = false, alignCenter = false, multiLine = false, popupArrow = false;
+  bool mnemonic = true;  // "&" in a caption marks the access key; else it is shown as it is
+  int maxLength = 0;     // characters that the user can type into a text box; 0: any number
 
   Picture picture = Picture::kNone;
   std::vector<TextRun> runs;

@@ -3,7 +3,6 @@
 #include "core/dialogs.h"
 #include "core/frmCV7.h"
 #include "core/main.h"
-#include "core/toolbar_menus.h"
 #include "shell/client_menu.h"
 
 namespace corvel {
@@ -24,17 +23,39 @@ std::uint32_t CommandId(WParam wParam) { return static_cast<std::uint32_t>(wPara
 
 frmCV7* AccessModes::Central() const { return program_.forms.Loaded<frmCV7>(); }
 
-void AccessModes::SetUp() {
-  if (program_.g.AccessMode == 1) AddTrayIcon();
-  if (program_.g.AccessMode == 2) AddMenuToAOL();
+AccessModes::AccessModes(Program& program, AolClient& client)
+    : program_(program), client_(client), clientFrame_(*this) {}
+
+void AccessModes::Join(Hub& hub) {
+  hub.access = this;
+  hub.commands.Set(Command::kHideAsTray, [this] { HideAsTray(); });
+  hub.commands.Set(Command::kHideAsMenu, [this] { HideAsMenu(); });
+  hub.commands.Set(Command::kShowToolbar, [this] { ShowToolbar(); });
+}
+
+bool AccessModes::SetUp() {
+  if (program_.g.AccessMode == 1)
+    AddTrayIcon();
+  else if (program_.g.AccessMode == 2)
+    AddMenuToAOL();
+  return true;
 }
 
 void AccessModes::TakeDown() {
   if (program_.g.AccessMode == 1) RemoveTrayIcon();
-  if (program_.g.AccessMode == 2) RemoveMenuFromAOL();
+  if (program_.g.AccessMode != 2) return;
+  if (insteadOfTray_)  // the key keeps the user's choice: the next start tries the tray again
+    client_menu::Remove(program_);
+  else
+    RemoveMenuFromAOL();
+}
+
+void AccessModes::RowsChanged() {
+  if (program_.g.AccessMode == 2) AddMenuToAOL();
 }
 
 void AccessModes::Remember(int mode, const char* name) {
+  insteadOfTray_ = false;
   program_.g.AccessMode = mode;
   program_.store.WriteKey("Toolbar", "MenuAccess", name);
 }
@@ -71,6 +92,7 @@ void AccessModes::AddTrayIcon() {
   program_.store.WriteKey("Menu", "Access", "Menu");
   if (program_.g.Closing || program_.g.AccessMode != 1) return;  // changed while the user read
   program_.g.AccessMode = 2;
+  insteadOfTray_ = true;
   AddMenuToAOL();
 }
 
@@ -93,8 +115,8 @@ void AccessModes::PopUpTrayMenu() {
   if (!hasMainWindow) {
     const Window welcome = client_.FindChildByTitle(program_.g.hMDI, "Welcome,");
     const bool hidden = welcome && !windows.IsVisible(welcome);
-    central->mnuTrayMnu(tray_row::kHideWelcome).caption =
-        hidden ? "Show Welcome Window" : "Hide Welcome Window";
+    central->SetRowCaption(Command::kHideWelcome,
+                           hidden ? "Show Welcome Window" : "Hide Welcome Window");
   }
   central->PopUpTrayMenu();
 }
@@ -102,7 +124,7 @@ void AccessModes::PopUpTrayMenu() {
 // --- The client's menu ---------------------------------------------------------------------------
 
 void AccessModes::AddMenuToAOL() {
-  client_menu::Remove(program_);  // one that a crash left there
+  client_menu::Remove(program_);  // an earlier one, perhaps left there by a crash
   if (client_menu::Insert(program_)) return;
   // Without any way to them the commands would be lost.
   if (frmCV7* const central = Central()) central->Show(false);
@@ -113,15 +135,15 @@ void AccessModes::RemoveMenuFromAOL() {
   program_.store.WriteKey("Toolbar", "MenuAccess", "Toolbar");
 }
 
-void AccessModes::OnClientMenu(HookedMessage& message) {
+void AccessModes::ClientFrameEvents::OnMessage(HookedMessage& message, forms::SubClass& hook) {
   if (message.id != wm::kCommand) return;
   const std::uint32_t id = CommandId(message.wParam);
-  if (TilesAroundManager(id))
+  if (modes_.TilesAroundManager(id))
     message.consume = true;
   else if (id <= kLastWindowListId)
-    BringListedWindowUp(id);
-  else if (frmCV7* const central = Central(); central && client_menu::CommandOf(id))
-    central->sbcMenu.Raise(static_cast<LParam>(id));
+    modes_.BringListedWindowUp(id);
+  else if (client_menu::CommandOf(id))
+    hook.Raise(static_cast<LParam>(id));
 }
 
 // The manager fills the client: arranging the other windows would only tear it from its place.
@@ -155,13 +177,13 @@ void AccessModes::RunClientMenuRow(std::uint32_t id) {
     UnloadAllForms(program_, false);
     return;
   }
-  if (const auto command = client_menu::CommandOf(id)) RunCommand(program_, *command);
+  if (const auto command = client_menu::CommandOf(id)) program_.hub.commands.Run(*command);
 }
 
 void AccessModes::ResetCaptions() {
   if (program_.g.AccessMode != 2) return;
-  client_menu::SetCaption(program_, client_menu::kTurnIMsOff, "&Turn IM's Off");
-  client_menu::SetCaption(program_, client_menu::kHideWelcome, "&Hide Welcome Window");
+  client_menu::SetCaption(program_, Command::kTurnIMsOff, "&Turn IM's Off");
+  client_menu::SetCaption(program_, Command::kHideWelcome, "&Hide Welcome Window");
 }
 
 }  // namespace corvel

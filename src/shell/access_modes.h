@@ -2,6 +2,7 @@
 #pragma once
 
 #include "aolbridge/aolclient.h"
+#include "core/features/access.h"
 #include "core/program.h"
 
 #include <cstdint>
@@ -10,30 +11,36 @@ namespace corvel {
 
 class frmCV7;
 
-class AccessModes {
+class AccessModes : public Access {
  public:
-  AccessModes(Program& program, AolClient& client) : program_(program), client_(client) {}
+  AccessModes(Program& program, AolClient& client);
+  void Join(Hub& hub);
 
-  // As the central window has loaded, and on the way down while it still stands; both by
-  // AccessMode.
-  void SetUp();
-  void TakeDown();
+  bool SetUp() override;
+  void TakeDown() override;
+  HookEvents& ClientFrame() override { return clientFrame_; }
+  void OnTray(LParam mouse) override;
+  void ResetCaptions() override;
+  void RowsChanged() override;
 
-  // Commands: the toolbar goes, and the tray icon or the client's menu comes in its place.
+  // Commands: the toolbar goes, and the tray icon or the client's menu comes in its place; or the
+  // toolbar comes back.
   void HideAsTray();
   void HideAsMenu();
   void ShowToolbar();
 
-  // A mouse message at the tray icon.
-  void OnTray(LParam mouse);
-  // A command or an opening menu of the client's main window, while the client waits; and later the
-  // command, if it was one of the program's own.
-  void OnClientMenu(HookedMessage& message);
-  void RunClientMenuRow(std::uint32_t id);
-  // The user has signed off: what the rows say goes back to how it was at the start.
-  void ResetCaptions();
-
  private:
+  // The client's main window: its commands, the program's own rows among them.
+  class ClientFrameEvents : public HookEvents {
+   public:
+    explicit ClientFrameEvents(AccessModes& modes) : modes_(modes) {}
+    void OnMessage(HookedMessage& message, forms::SubClass& hook) override;
+    void OnRaised(LParam id) override { modes_.RunClientMenuRow(static_cast<std::uint32_t>(id)); }
+
+   private:
+    AccessModes& modes_;
+  };
+
   frmCV7* Central() const;
   void AddTrayIcon();
   void RemoveTrayIcon();
@@ -42,10 +49,13 @@ class AccessModes {
   void PopUpTrayMenu();
   bool TilesAroundManager(std::uint32_t id);
   void BringListedWindowUp(std::uint32_t id);
+  void RunClientMenuRow(std::uint32_t id);
   void Remember(int mode, const char* name);
 
   Program& program_;
   AolClient& client_;
+  ClientFrameEvents clientFrame_;
+  bool insteadOfTray_ = false;  // the client's menu stands because there is no taskbar
 };
 
 }  // namespace corvel

@@ -1,7 +1,6 @@
 #include "shell/client_menu.h"
 
 #include "base/text.h"
-#include "core/toolbar_menus.h"
 
 #include <algorithm>
 #include <iterator>
@@ -16,14 +15,14 @@ constexpr std::string_view kCaption = "Corve&l";
 struct Row {
   std::uint32_t id;  // 0: a separator, or a sub-menu
   const char* caption;
-  Command command{};
+  std::optional<Command> command{};
   std::span<const Row> rows{};
 };
 
 constexpr Row kSeparator{0, "-"};
 
 constexpr Row kMenuRows[] = {
-    {kHideWelcome, "&Hide Welcome Window", Command::kHideWelcome},
+    {1100, "&Hide Welcome Window", Command::kHideWelcome},
     kSeparator,
     {1101, "&Tech Support", Command::kTechSupport},
     {1102, "&Advertise", Command::kAdvertise},
@@ -45,7 +44,7 @@ constexpr Row kWavsRows[] = {
 constexpr Row kIMsRows[] = {
     {1401, "&IM Manager", Command::kIMManager},
     kSeparator,
-    {kTurnIMsOff, "&Turn IMs Off", Command::kTurnIMsOff},
+    {1402, "&Turn IMs Off", Command::kTurnIMsOff},
 };
 constexpr Row kPeopleRows[] = {
     {1300, "&QuickFind", Command::kQuickFind},
@@ -68,7 +67,7 @@ constexpr Row kEditorRows[] = {
     {1505, "&Wav Descriptions Editor", Command::kDescriptions},
 };
 constexpr Row kRows[] = {
-    {kShowToolbar, "&Show Toolbar", Command::kShowToolbar},
+    {1000, "&Show Toolbar", Command::kShowToolbar},
     kSeparator,
     {1001, "&Options", Command::kOptions},
     kSeparator,
@@ -88,29 +87,31 @@ constexpr Row kRows[] = {
 
 bool IsSeparator(const Row& row) { return row.id == 0 && row.rows.empty(); }
 
-const Row* FindRow(std::span<const Row> rows, std::uint32_t id) {
+template <class Matches>
+const Row* FindRow(std::span<const Row> rows, const Matches& matches) {
   for (const Row& row : rows) {
-    if (row.id == id && id != 0) return &row;
-    if (const Row* const below = FindRow(row.rows, id)) return below;
+    if (matches(row)) return &row;
+    if (const Row* const below = FindRow(row.rows, matches)) return below;
   }
   return nullptr;
 }
 
 bool IsShown(const Program& program, const Row& row) {
   const auto& general = program.settings.General;
-  if (row.command == Command::kPalroster && row.id != 0) return general.ShowPRMenu;
-  if (row.command == Command::kBackdrape && row.id != 0) return general.ShowBDMenu;
+  if (row.command == Command::kPalroster) return general.ShowPRMenu;
+  if (row.command == Command::kBackdrape) return general.ShowBDMenu;
   return true;
 }
 
-bool CanBeChosen(const Program& program, const Row& row) {
-  const bool versionCan = row.command != Command::kFadeDesigner || program.g.IsVersion4Or5();
-  return versionCan && IsBuilt(program, row.command);
+bool CanBeChosen(const Program& program, Command command) {
+  const bool versionCan = command != Command::kFadeDesigner || program.g.IsVersion4Or5();
+  return versionCan && program.hub.commands.IsBuilt(command);
 }
 
 std::string CaptionOf(const Program& program, const Row& row) {
   const bool hasMainWindow = program.g.AOLVer == "5" && program.g.AOLLocale == locale::kUs;
-  return row.id == kHideWelcome && hasMainWindow ? "&Hide AOL Main Window" : row.caption;
+  return row.command == Command::kHideWelcome && hasMainWindow ? "&Hide AOL Main Window"
+                                                               : row.caption;
 }
 
 class Builder {
@@ -139,7 +140,7 @@ class Builder {
       if (!menus_.Insert(menu, -1, kPlain | menu_flag::kPopup, 0, sub, row.caption))
         menus_.Destroy(sub);
     } else {
-      const std::uint32_t state = CanBeChosen(program_, row) ? 0 : menu_flag::kGrayed;
+      const std::uint32_t state = CanBeChosen(program_, *row.command) ? 0 : menu_flag::kGrayed;
       menus_.Insert(menu, -1, kPlain | state, row.id, {}, CaptionOf(program_, row));
     }
   }
@@ -158,8 +159,9 @@ int Place(const Program& program, int count) {
 }  // namespace
 
 std::optional<Command> CommandOf(std::uint32_t id) {
-  const Row* const row = FindRow(kRows, id);
-  return row ? std::optional(row->command) : std::nullopt;
+  const Row* const row =
+      FindRow(kRows, [id](const Row& one) { return one.id == id && one.command; });
+  return row ? row->command : std::nullopt;
 }
 
 bool Insert(Program& program) {
@@ -185,11 +187,13 @@ void Remove(Program& program) {
   menus.DrawBar(program.g.hAOL);
 }
 
-void SetCaption(Program& program, std::uint32_t id, std::string_view caption) {
+void SetCaption(Program& program, Command command, std::string_view caption) {
+  const Row* const row =
+      FindRow(kRows, [command](const Row& one) { return one.command == command; });
+  if (!row) return;
   Menus& menus = program.platform.menus;
-  const Row* const row = FindRow(kRows, id);
-  const std::uint32_t state = row && CanBeChosen(program, *row) ? 0 : menu_flag::kGrayed;
-  menus.Modify(menus.MenuOf(program.g.hAOL), static_cast<int>(id), state, id, caption);
+  const std::uint32_t state = CanBeChosen(program, command) ? 0 : menu_flag::kGrayed;
+  menus.Modify(menus.MenuOf(program.g.hAOL), static_cast<int>(row->id), state, row->id, caption);
 }
 
 }  // namespace corvel::client_menu

@@ -11,9 +11,7 @@ namespace corvel {
 
 namespace client_menu {
 
-// Rows whose captions change while the program runs.
-inline constexpr std::uint32_t kHideWelcome = 1100, kTurnIMsOff = 1402;
-inline constexpr std::uint32_t kShowToolbar = 1000, kExit = 1004;
+inline constexpr std::uint32_t kExit = 1004;
 
 // The command of a row; nothing for an id that isn't the program's.
 std::optional<Command> CommandOf(std::uint32_t id);
@@ -24,8 +22,8 @@ std::optional<Command> CommandOf(std::uint32_t id);
 bool Insert(Program& program);
 // Takes it away again, wherever it stands. Nothing happens if it isn't there.
 void Remove(Program& program);
-// Gives a row another caption.
-void SetCaption(Program& program, std::uint32_t id, std::string_view caption);
+// Gives the row of a command another caption.
+void SetCaption(Program& program, Command command, std::string_view caption);
 
 }  // namespace client_menu
 

@@ -21,6 +21,7 @@ frmDescrip::frmDescrip(Program& program)
   SetResizable(true);
   SetEtchedEdge(true);
   lblDes.SetWordWrap(true);
+  lblDes.SetMnemonic(false);
   lblDes.SetAccessibleName("Wav description");
   lblDes.onDrag = [this](int dx, int dy) { lblDes_Drag(dx, dy); };
 }

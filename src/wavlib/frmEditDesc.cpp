@@ -4,10 +4,10 @@
 #include "core/dialogs.h"
 #include "core/helpers.h"
 #include "core/looks.h"
+#include "core/menu_rows.h"
 #include "core/report_error.h"
 #include "wavlib/frmDescripAssign.h"
 #include "wavlib/list_output.h"
-#include "wavlib/menu_rows.h"
 
 namespace corvel {
 namespace {

@@ -17,6 +17,8 @@ frmSendTo::frmSendTo(Program& program)
       optMove(*this, "optMove", "&Move"),
       cmdOK(*this, "cmdOK", "OK"),
       cmdCancel(*this, "cmdCancel", "Cancel") {
+  lblWav.SetMnemonic(false);
+  lblWavFile.SetMnemonic(false);
   optCopy.SetValue(true);
   txtHistory.SetAccessibleName("Target folder");
   txtHistory.onKey = [this](Key key) {

@@ -5,10 +5,10 @@
 #include "core/helpers.h"
 #include "core/looks.h"
 #include "core/main.h"
+#include "core/menu_rows.h"
 #include "core/report_error.h"
 #include "wavlib/frmDescrip.h"
 #include "wavlib/garland_styles.h"
-#include "wavlib/menu_rows.h"
 #include "wavlib/wav_categories.h"
 
 #include <algorithm>
@@ -49,12 +49,15 @@ frmTabs::frmTabs(Program& program, AolClient& client, Fader& fader)
               MenuItem("Send to Text", [this] { SendCurrentToText(); }),
               MenuItem("Preview", [this] { PreviewWav(); }), Separator(),
               MenuItem("Edit Wav Description", [this] { EditWavDescrip(); }),
-              MenuItem("Show Wav Description Window", [this] { ToggleDescrip(); }),
+              MenuItem(WavRow::kDescriptions, "Show Wav Description Window",
+                       [this] { ToggleDescrip(); }),
               GreyedItem("Change Garland Style"), GreyedItem("Attach to E-Mail"), Separator(),
-              MenuItem("Delete Wav From System", [this] { cmdDel_Click(); }),
-              MenuItem("Rename Wav", [this] { RenameCurrent(); }),
-              MenuItem("Move Selected Wav", [this] { SendCurrentTo(); }), Separator(),
-              MenuItem("Add to FavWav List", [this] { AddFavWavPath(CurrentPath()); }),
+              MenuItem(WavRow::kDelete, "Delete Wav From System", [this] { cmdDel_Click(); }),
+              MenuItem(WavRow::kRename, "Rename Wav", [this] { RenameCurrent(); }),
+              MenuItem(WavRow::kMove, "Move Selected Wav", [this] { SendCurrentTo(); }),
+              MenuItem(WavRow::kFavWavSeparator, "-", {}),
+              MenuItem(WavRow::kAddFavWav, "Add to FavWav List",
+                       [this] { AddFavWavPath(CurrentPath()); }),
               GreyedItem("View Wav Properties")}),
       mnuFavWav("mnuFavWav", "",
                 {MenuItem("Add a FavWav", [this] { AddFavWav(); }),
@@ -71,6 +74,7 @@ frmTabs::frmTabs(Program& program, AolClient& client, Fader& fader)
 }
 
 void frmTabs::ConnectButtons() {
+  lblpath.SetMnemonic(false);
   cboList.SetAccessibleName("Wav category");
   lstWav.SetAccessibleName("Wavs");
   List3.SetVisible(false);
@@ -98,8 +102,9 @@ void frmTabs::ConnectButtons() {
     button->SetToolTip(kNotBuiltTip);
   }
   // Here and not with the rest of the start-up, which can wait for the user in the middle.
-  cmdFadeWav.SetEnabled(program.g.IsVersion4Or5() && program.hub.ShowFadePanel);
-  if (!program.hub.ShowFadePanel) cmdFadeWav.SetToolTip(kNotBuiltTip);
+  const bool hasPanel = program.hub.commands.IsBuilt(Command::kFadeDesigner);
+  cmdFadeWav.SetEnabled(program.g.IsVersion4Or5() && hasPanel);
+  if (!hasPanel) cmdFadeWav.SetToolTip(kNotBuiltTip);
 }
 
 // The upper part, which stays when the window is folded, is the category with its path and count.

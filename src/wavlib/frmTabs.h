@@ -18,6 +18,9 @@
 
 namespace corvel {
 
+// Rows of mnuWav whose look depends on what the list shows.
+enum class WavRow { kDescriptions = 1, kDelete, kRename, kMove, kFavWavSeparator, kAddFavWav };
+
 class frmTabs : public ProgramForm {
  public:
   frmTabs(Program& program, AolClient& client, Fader& fader);

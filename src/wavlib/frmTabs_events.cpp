@@ -14,12 +14,6 @@
 #include <algorithm>
 
 namespace corvel {
-namespace {
-
-// Rows of mnuWav whose look depends on what the list shows.
-enum WavRow { kDescripRow = 5, kDeleteRow = 9, kRenameRow, kMoveRow, kMoveSeparator, kAddFavRow };
-
-}  // namespace
 
 // --- Categories ----------------------------------------------------------------------------------
 
@@ -129,11 +123,12 @@ void frmTabs::lstWav_DblClick() {
 
 void frmTabs::lstWav_RightClick() {
   if (lstWav.ListIndex() < 0) return;
-  mnuWav(kDescripRow).caption =
+  mnuWav.Row(WavRow::kDescriptions).caption =
       program.settings.Descriptions.Show ? "Hide Wav Descriptions" : "Show Wav Descriptions";
-  mnuWav(kDeleteRow).caption = InFavWavs ? "Delete FavWav" : "Delete Wav From System";
-  for (const int row : {kRenameRow, kMoveRow, kMoveSeparator, kAddFavRow})
-    mnuWav(row).visible = !InFavWavs;
+  mnuWav.Row(WavRow::kDelete).caption = InFavWavs ? "Delete FavWav" : "Delete Wav From System";
+  for (const WavRow row :
+       {WavRow::kRename, WavRow::kMove, WavRow::kFavWavSeparator, WavRow::kAddFavWav})
+    mnuWav.Row(row).visible = !InFavWavs;
   PopupMenu(mnuWav);
 }
 
@@ -267,7 +262,7 @@ void frmTabs::cmdFadeWav_Click() {
              style::kOk + style::kStop);
     return;
   }
-  program.hub.ShowFadePanel();
+  program.hub.commands.Run(Command::kFadeDesigner);
   program.g.FadePanelUp = false;
 }
 

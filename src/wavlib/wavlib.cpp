@@ -8,6 +8,12 @@
 
 namespace corvel {
 
+void WavLibrary::Join(Hub& hub) {
+  hub.commands.Set(Command::kWavList, [this] { ShowWavList(); });
+  hub.commands.Set(Command::kDescriptions, [this] { EditDescriptions(); });
+  hub.commands.Set(Command::kHushlet, [this] { Hushlet(); });
+}
+
 void WavLibrary::ShowWavList() { program_.forms.Load<frmTabs>(program_, client_, fader_).Show(); }
 
 void WavLibrary::EditDescriptions() { program_.forms.Load<frmEditDesc>(program_, client_).Show(); }

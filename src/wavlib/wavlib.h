@@ -1,5 +1,5 @@
-// The wav library as the rest of the program calls it: wav categories, the wav list and what it
-// sends, wav descriptions.
+// The wav library's door: wav categories, the wav list and what it sends, wav descriptions. Its
+// commands are "Wav List", "Wav Descriptions" and "Hushlet".
 #pragma once
 
 #include "aolbridge/aolclient.h"
@@ -15,6 +15,8 @@ class WavLibrary {
  public:
   WavLibrary(Program& program, AolClient& client, Fader& fader)
       : program_(program), client_(client), fader_(fader) {}
+
+  void Join(Hub& hub);
 
   void ShowWavList();       // frmTabs
   void EditDescriptions();  // frmEditDesc

@@ -3,6 +3,7 @@
 #include "core/frmCV7.h"
 #include "core/looks.h"
 #include "core/main.h"
+#include "core/not_built.h"
 #include "core/start_checks.h"
 #include "tests/core/core_fixture.h"
 
@@ -147,23 +148,57 @@ TEST_F(HelpersTest, ButtonsAreColouredByLookAndCountry) {
   });
 }
 
+struct CountedAccess : NoAccess {
+  void TakeDown() override {
+    ++takenDown;
+    throw RunTimeError(err::kPathFileAccess);
+  }
+  int takenDown = 0;
+};
+
+struct StoppingIMs : NoInstantMessages {
+  explicit StoppingIMs(std::function<void()> deed) : stop(std::move(deed)) {}
+  void GiveBack() override {
+    if (!std::exchange(stopped, true)) stop();
+    throw RunTimeError(err::kPathFileAccess);
+  }
+  void UnhookManaged() override { throw RunTimeError(err::kPathFileAccess); }
+  std::function<void()> stop;
+  bool stopped = false;
+};
+
 // The user answers "stop" while an earlier way down waits: that one won't come to its end.
 TEST_F(HelpersTest, WhoeverStopsTheProgramOnItsWayDownGivesAllBackFirst) {
   program_->settings.IM.TabsOn = true;
-  int takenDown = 0;
-  bool stopped = false;
-  program_->hub.TakeDownAccess = [&] { ++takenDown; };
-  program_->hub.GiveBackIMs = [&] {
-    if (std::exchange(stopped, true)) return;
+  CountedAccess access;
+  StoppingIMs ims([&] {
     EXPECT_THROW(StopProgram(*program_), ProcessExit);
-    EXPECT_EQ(takenDown, 1);
+    EXPECT_EQ(access.takenDown, 1);
     EXPECT_TRUE(program_->g.Unloading);
-  };
+  });
+  program_->hub.access = &access;
+  program_->hub.instantMessages = &ims;
   As([&] {
     program_->forms.LoadNew<frmCV7>(*program_);
     UnloadAllForms(*program_, false);
   });
-  EXPECT_TRUE(stopped);
+  EXPECT_TRUE(ims.stopped);
+}
+
+TEST_F(HelpersTest, NothingThatAFeatureFailsAtStrandsTheWayDown) {
+  program_->settings.IM.TabsOn = true;
+  CountedAccess access;
+  StoppingIMs ims([] {});
+  program_->hub.access = &access;
+  program_->hub.instantMessages = &ims;
+  As([&] {
+    const auto toolbar = program_->forms.LoadNew<frmCV7>(*program_);
+    toolbar->UnhookSubclasses();
+    UnloadAllForms(*program_, false);
+  });
+  EXPECT_EQ(access.takenDown, 1);
+  EXPECT_TRUE(program_->g.Unloading);
+  EXPECT_TRUE(program_->forms.All().empty());
 }
 
 }  // namespace

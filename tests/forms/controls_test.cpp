@@ -100,6 +100,34 @@ TEST_F(ControlsTest, TextChangesAreNoticedWhenTheUserMakesThem) {
   EXPECT_EQ(seen, "a;bc;");
 }
 
+TEST_F(ControlsTest, TheUsersTextIsHeldToItsLimitAndCodesIsNot) {
+  const struct {
+    const char *before, *typed, *text;
+    bool changes;
+  } kCases[] = {
+      {"ab", "abcd", "abcd", true},      // up to the limit
+      {"ab", "abcdef", "abcd", true},    // pasted beyond it
+      {"abcd", "abcde", "abcd", false},  // nothing more goes in
+      {"abcd", "wxyz!", "wxyz", true},   // typed over
+      {"abcdefgh", "abcdefgh!", "abcdefgh", false},
+      {"abcdefgh", "abfgh", "abfgh", true},  // what code has made too long can be shortened
+      {"abcdefgh", "vwxyz", "vwxy", true},
+  };
+  form_->text.SetMaxLength(4);
+  int changes = 0;
+  form_->text.onChange = [&] { ++changes; };
+  for (const auto& c : kCases) {
+    form_->text.SetText(c.before);
+    EXPECT_EQ(form_->text.Text(), c.before);
+    As([&] { form_->text.UserText(c.typed); });
+    EXPECT_EQ(form_->text.Text(), c.text) << c.before << " -> " << c.typed;
+    EXPECT_EQ(std::exchange(changes, 0), c.changes) << c.before << " -> " << c.typed;
+  }
+  form_->text.SetMaxLength(0);
+  As([&] { form_->text.UserText("as long as one likes"); });
+  EXPECT_EQ(form_->text.Text(), "as long as one likes");
+}
+
 TEST_F(ControlsTest, FramesShowAndHideWhatTheyHold) {
   form_->outer.Hold(form_->inner);
   form_->inner.Hold(form_->text);

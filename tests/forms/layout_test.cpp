@@ -63,6 +63,15 @@ class LayoutTest : public FormsTest {
   std::shared_ptr<WindowForm> form_;
 };
 
+TEST_F(LayoutTest, AnAmpersandTakesRoomWhereItShows) {
+  PlainFont display(6, 13);
+  Label key(*form_, "lblKey", "R&B"), data(*form_, "lblData", "R&B");
+  data.SetMnemonic(false);
+  PlaceControls(Row({Cell(key), Cell(data)}), display);
+  EXPECT_EQ(PlaceOf(key).width, 2 * 6);
+  EXPECT_EQ(PlaceOf(data).width, 3 * 6);
+}
+
 TEST_F(LayoutTest, NothingOverlapsAndAllIsInsideAtAnyFontAndSize) {
   for (const Size font : {Size{6, 13}, Size{8, 16}, Size{12, 26}, Size{1, 1}}) {
     PlainFont display(font.width, font.height);

@@ -58,9 +58,10 @@ class MenuTest : public FormsTest {
     return done_;
   }
 
-  MenuRow Named(std::string caption) {
+  MenuRow Named(std::string caption, int id = 0) {
     MenuRow row;
     row.caption = caption;
+    row.id = id;
     row.onClick = [this, caption] { done_ += caption; };
     return row;
   }
@@ -78,25 +79,25 @@ MenuRow Separator() {
 
 TEST_F(MenuTest, ShowsWhatIsVisibleWithSeparatorsOnlyBetweenRows) {
   Menu menu("mnuTest", "Test",
-            {Separator(), Named("a"), Separator(), Named("b"), Separator(), Separator(), Named("c"),
-             Separator()});
+            {Separator(), Named("a", 1), Separator(), Named("b", 2), Separator(), Separator(),
+             Named("c", 3), Separator()});
   EXPECT_EQ(Choose(menu, "c"), "c");
   EXPECT_EQ(user_.shown, "a - b - c ");
-  menu(3).visible = false;
+  menu.Row(2).visible = false;
   Choose(menu, "");
   EXPECT_EQ(user_.shown, "a - c ");
-  menu(1).visible = false;
-  menu(6).enabled = false;
-  menu(6).checked = true;
+  menu.Row(1).visible = false;
+  menu.Row(3).enabled = false;
+  menu.Row(3).checked = true;
   EXPECT_EQ(Choose(menu, "c"), "");
   EXPECT_EQ(user_.shown, "c(grey)(check) ");
-  EXPECT_THROW(menu(8), std::out_of_range);
+  EXPECT_THROW(menu.Row(4), std::out_of_range);
 }
 
 TEST_F(MenuTest, RunsTheRowsOfSubMenusAndFreesThem) {
   MenuRow deep = Named("deep"), hidden = Named("hidden"), greyed = Named("greyed");
-  deep.rows = {Named("x"), Named("y")};
-  hidden.rows = {Named("x")};
+  deep.rows = {Named("x", 7), Named("y")};
+  hidden.rows = {Named("x", 8)};
   hidden.visible = false;
   greyed.rows = {Named("z")};
   greyed.enabled = false;
@@ -104,17 +105,20 @@ TEST_F(MenuTest, RunsTheRowsOfSubMenusAndFreesThem) {
   for (const char* caption : {"first", "x", "y", "last"}) EXPECT_EQ(Choose(menu, caption), caption);
   EXPECT_EQ(user_.shown, "first deep{ x y } greyed(grey){ z } last ");
   EXPECT_EQ(Choose(menu, "nothing"), "");
+  EXPECT_EQ(menu.Find(7)->caption, "x") << "found by what it does, wherever it stands";
+  EXPECT_EQ(menu.Find(8)->caption, "x") << "hidden ones too";
+  EXPECT_EQ(menu.Find(0), nullptr) << "which is no row's id";
 }
 
 TEST_F(MenuTest, AMenuMayChangeAndItsFormGoWhileItIsOpen) {
-  Menu menu("mnuTest", "Test", {Named("&Turn IMs Off"), Named("b")});
+  Menu menu("mnuTest", "Test", {Named("&Turn IMs Off", 1), Named("b", 2)});
   user_.meanwhile = [&] {
-    menu.FindRow("turn ims off")->caption = "Turn IMs On";
+    menu.Row(1).caption = "Turn IMs On";
     menu.Rows().clear();
     form_->Unload();
   };
   EXPECT_EQ(Choose(menu, "b"), "b");
-  EXPECT_EQ(menu.FindRow("b"), nullptr);
+  EXPECT_EQ(menu.Find(2), nullptr);
 }
 
 }  // namespace

@@ -144,6 +144,64 @@ TEST_F(ControlsOnWindows, ATypedTextArrivesOnceAlsoWhereTheProcedureSetsAnother)
   EXPECT_EQ(changes, 1);
 }
 
+TEST_F(ControlsOnWindows, TypingAndPastingStopAtTheLimit) {
+  const HWND box = HwndOf(form->text);
+  form->text.SetMaxLength(4);
+  for (const char letter : std::string("abcdef"))
+    SendMessageA(box, WM_CHAR, static_cast<WPARAM>(letter), 1);
+  Settle();
+  EXPECT_EQ(ShownText(form->text), "abcd");
+  EXPECT_EQ(form->text.Text(), "abcd");
+  form->text.SetText("longer by code");
+  SendMessageA(box, WM_CHAR, 'x', 1);
+  Settle();
+  EXPECT_EQ(ShownText(form->text), "longer by code");
+  EXPECT_EQ(Did(peers().Type(form->text.Handle(), "longer by hand")), "");
+  EXPECT_EQ(ShownText(form->text), "long");
+  EXPECT_EQ(form->text.Text(), "long");
+  constexpr std::uint32_t kText = 1;
+  ASSERT_TRUE(platform().clipboard.Open(form->Handle()));
+  platform().clipboard.Empty();
+  platform().clipboard.Set(kText, "pasted");
+  platform().clipboard.Close();
+  form->text.SetText("");
+  SendMessageA(box, WM_PASTE, 0, 0);
+  Settle();
+  EXPECT_EQ(form->text.Text(), "past");
+}
+
+// Of a caption it marks the access key; of a text it is a character like any other.
+TEST_F(ControlsOnWindows, AnAmpersandOfATextIsNotEaten) {
+  struct Texts : AnyForm {
+    explicit Texts(Forms& forms) : AnyForm(forms) { data.SetMnemonic(false); }
+    Label data{*this, "data", "R&B"};
+    TabStrip tabs{*this, "tabs"};
+    void Form_Load() override {
+      data.SetToolTip("Rock & Roll");
+      tabs.AddItem("R&B");
+      Arrange(Column({Cell(data), Cell(tabs)}));
+    }
+  };
+  const auto texts = forms_.LoadNew<Texts>(forms_);
+  texts->Show();
+  Settle();
+  EXPECT_TRUE(GetWindowLongPtrA(HwndOf(texts->data), GWL_STYLE) & SS_NOPREFIX);
+  EXPECT_FALSE(GetWindowLongPtrA(HwndOf(form->label), GWL_STYLE) & SS_NOPREFIX);
+  char caption[64]{};
+  TCITEMA item{};
+  item.mask = TCIF_TEXT;
+  item.pszText = caption;
+  item.cchTextMax = sizeof caption;
+  Ask(texts->tabs, TCM_GETITEMA, 0, reinterpret_cast<LPARAM>(&item));
+  EXPECT_STREQ(caption, "R&&B") << "which is drawn as R&B";
+  EXPECT_EQ(texts->tabs.List(0), "R&B");
+  HWND tips = nullptr;
+  while ((tips = FindWindowExA(nullptr, tips, TOOLTIPS_CLASSA, nullptr)) != nullptr &&
+         GetWindow(tips, GW_OWNER) != win32::ToHwnd(texts->Handle()))
+    ;
+  EXPECT_TRUE(GetWindowLongPtrA(tips, GWL_STYLE) & TTS_NOPREFIX);
+}
+
 TEST_F(ControlsOnWindows, ClicksReachEveryClickableKind) {
   for (Control* control :
        {static_cast<Control*>(&form->ok), static_cast<Control*>(&form->flat),

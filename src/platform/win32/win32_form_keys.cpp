@@ -24,6 +24,7 @@ char AccessKeyOf(std::string_view caption) {
 
 // Whose caption can hold an access key.
 bool HasCaption(const ControlState& state) {
+  if (!state.mnemonic) return false;
   return state.kind == ControlKind::kLabel || state.kind == ControlKind::kButton ||
          state.kind == ControlKind::kFlatButton || state.kind == ControlKind::kCheckBox ||
          state.kind == ControlKind::kOptionButton || state.kind == ControlKind::kFrame;

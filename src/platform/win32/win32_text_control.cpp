@@ -17,7 +17,8 @@ class Label : public GripControl {
  protected:
   WindowKind Kind() const override {
     const DWORD wrapped = State().wordWrap ? SS_LEFT : SS_LEFTNOWORDWRAP;
-    return {"STATIC", SS_NOTIFY | (State().alignCenter ? SS_CENTER : wrapped)};
+    const DWORD prefix = State().mnemonic ? 0 : SS_NOPREFIX;
+    return {"STATIC", SS_NOTIFY | prefix | (State().alignCenter ? SS_CENTER : wrapped)};
   }
   void Show(Aspect aspect, int row) override {
     if (aspect == Aspect::kAll || aspect == Aspect::kText) SetWindowTextIfOther(State().text);
@@ -50,7 +51,9 @@ class TextBox : public Win32Control {
     return {"EDIT", State().multiLine ? kSeveralLines : DWORD{ES_AUTOHSCROLL}, WS_EX_CLIENTEDGE};
   }
   void Show(Aspect aspect, int row) override {
-    if (aspect == Aspect::kAll) Send(EM_SETLIMITTEXT, 0);  // as much as the system takes
+    // 0 is as much as the system takes.
+    if (aspect == Aspect::kAll || aspect == Aspect::kLook)
+      Send(EM_SETLIMITTEXT, static_cast<WPARAM>(State().maxLength));
     if (aspect == Aspect::kAll || aspect == Aspect::kText) SetWindowTextIfOther(State().text);
     Win32Control::Show(aspect, row);
   }

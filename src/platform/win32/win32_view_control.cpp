@@ -206,7 +206,8 @@ class TabStrip : public Win32Control {
   void Refill() {
     Send(TCM_DELETEALLITEMS);
     int at = 0;
-    for (const std::string& caption : State().items) {
+    for (const std::string& row : State().items) {
+      const std::string caption = Replaced(row, "&", "&&");  // it is no access key
       TCITEMA item{};
       item.mask = TCIF_TEXT;
       item.pszText = const_cast<char*>(caption.c_str());

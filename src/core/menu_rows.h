@@ -1,7 +1,7 @@
 // Short ways to write a menu as a table.
 #pragma once
 
-#include "core/toolbar_menus.h"
+#include "core/not_built.h"
 #include "forms/menu.h"
 
 #include <functional>
@@ -14,6 +14,14 @@ inline forms::MenuRow MenuItem(std::string caption, std::function<void()> onClic
   forms::MenuRow row;
   row.caption = std::move(caption);
   row.onClick = std::move(onClick);
+  return row;
+}
+
+// A row whose look changes; `id` is of the window's own enum of such rows.
+template <class Id>
+forms::MenuRow MenuItem(Id id, std::string caption, std::function<void()> onClick) {
+  forms::MenuRow row = MenuItem(std::move(caption), std::move(onClick));
+  row.id = static_cast<int>(id);
   return row;
 }
 
