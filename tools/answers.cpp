@@ -78,7 +78,13 @@ std::optional<Answer> Take(std::deque<Answer>& queue) {
 const Answers::FormAnswer Answers::kForms[] = {{"frmMsg", &Answers::AnswerMessage},
                                                {"frmReport", &Answers::AnswerMessage},
                                                {"frmInpBox", &Answers::AnswerInput},
-                                               {"frmCMDialog", &Answers::AnswerFolder}};
+                                               {"frmCMDialog", &Answers::AnswerFolder, false}};
+
+bool Answers::IsQuestion(const FormState& form) {
+  return std::any_of(std::begin(kForms), std::end(kForms), [&](const FormAnswer& one) {
+    return one.always && EqualNoCase(form.name, one.form);
+  });
+}
 
 bool Answers::Act() {
   if (stage_.HandIsBusy() || !stage_.ProgramWaitsForUser()) return false;

@@ -32,6 +32,9 @@ class Answers {
 
   // Answers the dialog that waits in front, if any. True: it did something.
   bool Act();
+  // This window is always answered. The folder chooser is played like any other unless an answer is
+  // queued.
+  static bool IsQuestion(const FormState& form);
   // Told once: why a queued answer could not be given.
   std::string TakeFailure();
 
@@ -48,6 +51,7 @@ class Answers {
   struct FormAnswer {
     const char* form;
     bool (Answers::*answer)(const FormView& form);
+    bool always = true;
   };
   static const FormAnswer kForms[];
 
