@@ -1,7 +1,7 @@
 #include "practice/people.h"
 
 #include "base/text.h"
-#include "practice/markup.h"
+#include "practice/controls/markup.h"
 
 #include <algorithm>
 

@@ -1,11 +1,11 @@
 // The client's outside: every way in is one entry.
 #include "practice/practice_client.h"
 
-#include "practice/client.h"
-#include "practice/commands.h"
-#include "practice/frame.h"
-#include "practice/keywords.h"
-#include "practice/sign_on.h"
+#include "practice/client/client.h"
+#include "practice/commands/commands.h"
+#include "practice/session/frame.h"
+#include "practice/session/keywords.h"
+#include "practice/session/sign_on.h"
 
 namespace corvel::practice {
 

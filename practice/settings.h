@@ -10,7 +10,7 @@
 //   people=on            invented people who talk to the user
 #pragma once
 
-#include "practice/practice_client.h"
+#include "practice/client/setup.h"
 
 #include <string>
 #include <string_view>

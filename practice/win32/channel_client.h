@@ -1,7 +1,7 @@
 // The asking end of the channel to practice.exe; see channel.h.
 #pragma once
 
-#include "practice/practice_client.h"
+#include "practice/commands/reply.h"
 #include "practice/win32/channel.h"
 
 #include <cstdint>

@@ -1,7 +1,7 @@
 // The client's lists of rows: the people of a room, the names to sign on with.
 #pragma once
 
-#include "practice/row_list.h"
+#include "practice/controls/row_list.h"
 #include "practice/win32/skin.h"
 
 namespace corvel::practice {

@@ -1,7 +1,7 @@
 // Memory of this process that a stranger can read by 32-bit addresses.
 #pragma once
 
-#include "practice/practice_client.h"
+#include "practice/controls/own_memory.h"
 
 #include <cstdint>
 #include <map>

@@ -1,6 +1,6 @@
 // Which class of window has which skin.
 #include "base/text.h"
-#include "practice/text_box.h"
+#include "practice/controls/text_box.h"
 #include "practice/win32/list_skin.h"
 #include "practice/win32/plain_skins.h"
 #include "practice/win32/text_skin.h"

@@ -1,7 +1,7 @@
 #include "practice/win32/text_skin.h"
 
 #include "platform/win32/win32_drawing.h"
-#include "practice/text_box.h"
+#include "practice/controls/text_box.h"
 
 #include <algorithm>
 #include <cstdint>

@@ -2,7 +2,7 @@
 // a selection, a scroll bar.
 #pragma once
 
-#include "practice/text_layout.h"
+#include "practice/controls/text_layout.h"
 #include "practice/win32/skin.h"
 
 #include <array>

@@ -1,5 +1,6 @@
 // The chat room: finding it, who is in it, what was said last, and putting text into it.
 #include "aolbridge/aolclient.h"
+#include "aolbridge/client_facts.h"
 #include "aolbridge/list_memory.h"
 #include "base/text.h"
 #include "core/dialogs.h"
@@ -10,18 +11,19 @@ namespace {
 
 constexpr std::size_t kViewStart = 150;  // so much of the view tells a room from other windows
 
-const char* ViewClass(const Globals& g) { return g.AOLVer == "3" ? "_AOL_VIEW" : "RICHCNTL"; }
+ClientList PeopleOf(AolClient& client, Program& program) {
+  const Window list = client.FindChildByClass(program.g.hChatRoom, facts::kList);
+  return ClientList(program.platform, list);
+}
 
 }  // namespace
 
 bool AolClient::EnumChatRoom(Window window, Window parent) {
-  const Globals& g = program_.g;
   WindowSystem& windows = program_.platform.windows;
   if (windows.Parent(window) != parent) return true;
-  if (!FindChildByClass(window, "_AOL_LISTBOX")) return true;
-  const Window view = FindChildByClass(window, ViewClass(g));
-  if (!view) return true;
-  if (!FindChildByClass(window, g.AOLVer == "3" ? "_AOL_ICON" : "_AOL_COMBOBOX")) return true;
+  if (!FindChildByClass(window, facts::kList)) return true;
+  const Window view = FindChildByClass(window, Fact(facts::kRoomView));
+  if (!view || !FindChildByClass(window, Fact(facts::kFilledRoomMark))) return true;
   const std::string text = windows.SendForText(view, wm::kGetText, kViewStart + 1, kViewStart + 1);
   if (text.find(':') == std::string::npos || text.find('\t') == std::string::npos) return true;
   program_.g.hChatRoom = window;
@@ -36,20 +38,28 @@ void AolClient::LookForRoom() {
 }
 
 Window AolClient::FindChatRoom(Window parent, std::string_view className) {
-  const bool is3 = program_.g.AOLVer == "3";
   WindowSystem& windows = program_.platform.windows;
   for (Window w = windows.TopChild(parent); parent && w; w = windows.Next(w)) {
-    if (EqualNoCase(windows.ClassOf(w), className) && FindChildByClass(w, "_AOL_LISTBOX") &&
-        FindChildByClass(w, ViewClass(program_.g)) &&
-        FindChildByClass(w, is3 ? "_AOL_EDIT" : "_AOL_COMBOBOX"))
+    if (EqualNoCase(windows.ClassOf(w), className) && FindChildByClass(w, facts::kList) &&
+        FindChildByClass(w, Fact(facts::kRoomView)) && FindChildByClass(w, Fact(facts::kRoomMark)))
       return w;
   }
   return {};
 }
 
 Window AolClient::ChatInput(Window room) {
-  return program_.g.AOLVer == "3" ? FindChildByClass(room, "_AOL_EDIT")
-                                  : FindChildByClass(room, "RICHCNTL", 2);
+  return FindChildByClass(room, Fact(facts::kRoomInput), Fact(facts::kRoomInputPlace));
+}
+
+RoomParts AolClient::PartsOfRoom(Window room) {
+  RoomParts parts;
+  parts.view = FindChildByClass(room, Fact(facts::kRoomView));
+  parts.input = parts.sendIcon = ChatInput(room);
+  parts.list = FindChildByClass(room, facts::kList);
+  for (int steps = Fact(facts::kSendIconBehindInput); steps > 0; --steps)
+    parts.sendIcon = program_.platform.windows.Next(parts.sendIcon);
+  parts.viewTellsLines = Fact(facts::kViewTellsLines);
+  return parts;
 }
 
 void AolClient::TextToChat(const std::string& text, int mode) {
@@ -69,34 +79,18 @@ void AolClient::TextToChat(const std::string& text, int mode) {
   windows.Send(input, wm::kChar, 13, 0);
 }
 
-std::string AolClient::ReadLBItem(int row) {
-  WindowSystem& windows = program_.platform.windows;
-  const Window list = FindChildByClass(program_.g.hChatRoom, "_AOL_LISTBOX");
-  const auto memory = program_.platform.processes.Open(windows.ProcessOf(list));
-  if (!memory) return {};
-  const auto data = windows.Send(list, wm::kLbGetItemData, static_cast<WParam>(row), 0);
-  return ReadRowName(*memory, static_cast<std::uint32_t>(data));
-}
+std::string AolClient::ReadLBItem(int row) { return PeopleOf(*this, program_).Row(row); }
 
 std::string AolClient::GetSNFromLB() {
-  const Window list = FindChildByClass(program_.g.hChatRoom, "_AOL_LISTBOX");
-  return ReadLBItem(static_cast<int>(program_.platform.windows.Send(list, wm::kLbGetCurSel, 0, 0)));
+  const ClientList people = PeopleOf(*this, program_);
+  return people.Row(people.Selected());
 }
 
 std::vector<std::string> AolClient::ListRoomNames() {
-  WindowSystem& windows = program_.platform.windows;
   Globals& g = program_.g;
   if (g.CurrentSN.empty()) g.CurrentSN = GetUserSN();
-  std::vector<std::string> names;
-  const Window list = FindChildByClass(g.hChatRoom, "_AOL_LISTBOX");
-  const auto memory = program_.platform.processes.Open(windows.ProcessOf(list));
-  if (!memory) return names;
-  const auto count = windows.Send(list, wm::kLbGetCount, 0, 0);
-  for (MessageResult row = 0; row < count; ++row) {
-    const auto data = windows.Send(list, wm::kLbGetItemData, static_cast<WParam>(row), 0);
-    std::string name = ReadRowName(*memory, static_cast<std::uint32_t>(data));
-    if (name != g.CurrentSN) names.push_back(std::move(name));
-  }
+  std::vector<std::string> names = PeopleOf(*this, program_).Rows();
+  std::erase(names, g.CurrentSN);
   return names;
 }
 

@@ -1,15 +1,15 @@
 // Making the client do things, by the messages that a user's own actions would send.
 #include "aolbridge/aolclient.h"
+#include "aolbridge/client_facts.h"
 #include "aolbridge/polling.h"
 #include "base/text.h"
 #include "core/helpers.h"
-
-#include <algorithm>
 
 namespace corvel {
 namespace {
 
 constexpr std::size_t kMenuTextRoom = 100;
+constexpr std::uint32_t kSubMenuId = 0xFFFFFFFF;  // of a row that opens a menu
 constexpr int kVirtualTab = 9;
 
 // Members' own pages on the service's web server, by name.
@@ -17,15 +17,19 @@ constexpr std::string_view kMemberPages = "http://members.aol.com/";
 
 }  // namespace
 
-// One level deep, as the client's own menus are.
+// One level deep, as the client's own menus are. Rows that run nothing, separators and those that
+// open a menu, are never meant.
 bool AolClient::RunMenuByString(Window window, std::string_view caption, bool run) {
+  if (caption.empty()) return false;
   Menus& menus = program_.platform.menus;
   const MenuHandle bar = menus.MenuOf(window);
   for (int top = 0; top < menus.Count(bar); ++top) {
     const MenuHandle menu = menus.SubMenu(bar, top);
     for (int row = 0; row < menus.Count(menu); ++row) {
+      const std::uint32_t id = menus.IdAt(menu, row);
+      if (id == 0 || id == kSubMenuId) continue;
       if (!EqualNoCase(menus.TextAt(menu, row).substr(0, kMenuTextRoom - 1), caption)) continue;
-      if (run) program_.platform.windows.Send(window, wm::kCommand, menus.IdAt(menu, row), 0);
+      if (run) program_.platform.windows.Send(window, wm::kCommand, id, 0);
       return true;
     }
   }
@@ -40,90 +44,68 @@ void AolClient::RunKeyword(const std::string& target) {
 }
 
 Window AolClient::OpenEMail() {
-  Globals& g = program_.g;
-  WindowSystem& windows = program_.platform.windows;
-  if (g.AOLVer == "3") {
-    RunMenuByString(g.hAOL, "&Compose Mail\tCtrl+M", true);
-  } else {
-    const Window bar = FindChildByClass(FindChildByClass(g.hAOL, "AOL Toolbar"), "_AOL_Toolbar");
-    ClickWindow(program_, windows.Next(FindChildByClass(bar, "_AOL_ICON")));
-  }
+  if (const auto row = Fact(facts::kWriteMailRow); !row.empty())
+    RunMenuByString(program_.g.hAOL, row, true);
+  else
+    ClickWindow(program_,
+                program_.platform.windows.Next(FindChildByClass(IconRow(), facts::kIcon)));
   return Poll(program_, "OpenEMail", 20, [&] {
-    const Window mail = windows.FindChild(g.hMDI, {}, "AOL Child", g.strings.AOLWriteTitle);
-    return windows.IsVisible(mail) ? mail : Window{};
+    const Window mail = DocumentTitled(strings_.AOLWriteTitle);
+    return program_.platform.windows.IsVisible(mail) ? mail : Window{};
   });
 }
 
 Window AolClient::AOLOpenEMail(std::string_view address, bool tabOn) {
-  const Globals& g = program_.g;
+  if (!KnownEdition()) return {};
   WindowSystem& windows = program_.platform.windows;
-  Window mail = windows.FindChild(g.hMDI, {}, "AOL Child", g.strings.AOLWriteTitle);
-  if (!mail) mail = IsWriteMailWindow(windows.TopChild(g.hMDI));
+  Window mail = DocumentTitled(strings_.AOLWriteTitle);
+  if (!mail) mail = WriteMailOnTop();
   if (!mail) mail = OpenEMail();
   if (!mail) return {};
   if (!address.empty())
-    windows.SendText(WaitChildByClass(mail, "_AOL_EDIT"), wm::kSetText, 0, address);
+    windows.SendText(WaitChildByClass(mail, facts::kEdit), wm::kSetText, 0, address);
   if (tabOn) {
-    windows.ActivateByCaption(g.strings.AOLTitle);
+    windows.ActivateByCaption(strings_.AOLTitle);
     windows.TypeKey(kVirtualTab);
     windows.TypeKey(kVirtualTab);
   }
   return mail;
 }
 
-Window AolClient::IsWriteMailWindow(Window window) {
-  if (!window) return {};
-  WindowSystem& windows = program_.platform.windows;
-  if (program_.g.AOLVer != "3") {
-    const Window probe = FindChildByClass(window, "_AOL_Checkbox");
-    const bool isMail = probe && FindChildByClass(window, "_AOL_FontCombo") &&
-                        Lower(GetAPIText(probe)).starts_with("request \"return receipt\"");
-    return isMail ? window : Window{};
-  }
-  constexpr std::string_view kCaptions[] = {"Address Book", "Address\r\nBook", "Address\rBook",
-                                            "Address\nBook"};
-  const bool isMail = std::any_of(std::begin(kCaptions), std::end(kCaptions), [&](auto caption) {
-    return bool(windows.FindChild(window, {}, "_AOL_STATIC", caption));
-  });
-  return isMail ? window : Window{};
-}
-
 void AolClient::AOLGetProfile(std::string_view name) {
-  const Globals& g = program_.g;
+  if (!KnownEdition()) return;
+  Globals& g = program_.g;
   WindowSystem& windows = program_.platform.windows;
-  if (g.AOLVer == "3") {
-    RunMenuByString(g.hAOL, "Get a Member's Profile\tCtrl+G", true);
-  } else {
-    const Window bar = FindChildByClass(FindChildByClass(g.hAOL, "aol toolbar"), "_aol_toolbar");
-    windows.Send(FindChildByClass(bar, "_aol_icon"), wm::kChar, 'g', 0);
-  }
+  if (const auto row = Fact(facts::kProfileRow); !row.empty())
+    RunMenuByString(g.hAOL, row, true);
+  else
+    windows.Send(FindChildByClass(IconRow(), facts::kIcon), wm::kChar, 'g', 0);
   const Window ask = WaitChildByTitle(g.hMDI, "Get a Member's Profile");
   if (!ask) return;
-  const Window edit = WaitChildByClass(ask, "_AOL_EDIT");
+  const Window edit = WaitChildByClass(ask, facts::kEdit);
   windows.SendText(edit, wm::kSetText, 0, name);
   windows.Send(edit, wm::kChar, 13, 0);
-  if (g.IsVersion4Or5())
+  if (Fact(facts::kProfileAnswers))
     Poll(program_, "AOLGetProfile", kNoLimit, [&] {
       const Window profile = FindChildByTitle(g.hMDI, "Member Profile");
-      return profile ? profile : windows.Find("#32770", g.strings.AOLTitle);
+      return profile ? profile : ClientBox();
     });
   windows.Send(ask, wm::kClose, 0, 0);
 }
 
 void AolClient::AOLCursor() {
-  const Globals& g = program_.g;
   WindowSystem& windows = program_.platform.windows;
-  if (!RunMenuByString(g.hAOL, g.strings.AOLAbout, true)) return;
+  if (!RunMenuByString(program_.g.hAOL, strings_.AOLAbout, true)) return;
   const Window about = Poll(program_, "AOLCursor", kNoLimit, [&] {
-    const Window modal = windows.Find("_AOL_Modal", std::nullopt);
-    return FindChildByClass(modal, "_AOL_GLYPH") ? modal : Window{};
+    const Window modal = ModalWindow();
+    return FindChildByClass(modal, facts::kGlyph) ? modal : Window{};
   });
   Pause(program_, 0.5);
-  if (g.AOLVer == "3") {
+  if (!Fact(facts::kAboutHasButton)) {
     windows.Send(about, wm::kClose, 0, 0);
     return;
   }
-  const Window icon = FindChildByClass(about, "_AOL_ICON");
+  const Window icon = FindChildByClass(about, facts::kIcon);
   windows.SetFocus(icon);
   ClickWindow(program_, icon);
 }

@@ -14,14 +14,15 @@ inline constexpr double kNoLimit = 0;
 // seconds, or when the program or the client is going down. Limits go by the time of day, and a
 // wait that crosses midnight ends at once: that is how these waits always were.
 template <typename Look>
-auto Poll(Program& program, const char* name, double limit, Look look) -> decltype(look()) {
+auto Poll(Program& program, const char* name, double limit, Look look,
+          WaitFor whom = WaitFor::kClient) -> decltype(look()) {
   Platform& platform = program.platform;
   const double start = SecondsOfDay(platform.clock.Now());
   for (;;) {
     if (program.g.Unloading) return {};
     if (auto found = look()) return found;
     if (program.g.hAOL && !platform.windows.Exists(program.g.hAOL)) return {};
-    Wait wait{name, WaitFor::kClient, {}};
+    Wait wait{name, whom, {}};
     if (limit != kNoLimit) {
       constexpr double kDay = 86400;
       const double now = SecondsOfDay(platform.clock.Now());

@@ -1,5 +1,6 @@
 // The account's screen names, and the one that is signed on.
 #include "aolbridge/aolclient.h"
+#include "aolbridge/client_facts.h"
 #include "aolbridge/list_memory.h"
 #include "aolbridge/polling.h"
 #include "base/text.h"
@@ -7,18 +8,20 @@
 #include "core/helpers.h"
 #include "core/main.h"
 #include "core/report_error.h"
-
-#include <array>
+#include "core/users_turn.h"
 
 namespace corvel {
 namespace {
 
-constexpr std::size_t kNames4 = 5, kNames5 = 7;  // what the two versions offer
+constexpr std::size_t kMostRows = 7;
+constexpr const char* kAskForWelcome =
+    "Please open the Welcome window again: it tells your screen name.";
+constexpr const char* kAskForSignOn = "Please open the Sign On window: it tells your screen names.";
 
-// Stores as many names as the version has; the others keep what they hold.
-void StoreNames(Globals& g, const std::vector<std::string>& names) {
-  const std::size_t most = g.AOLVer == "5" ? kNames5 : kNames4;
-  for (std::size_t i = 0; i < most; ++i) g.SN[i] = i < names.size() ? names[i] : std::string();
+// Stores `most` names; the others keep what they hold.
+void StoreNames(Globals& g, const std::vector<std::string>& names, int most) {
+  for (std::size_t i = 0; i < static_cast<std::size_t>(most); ++i)
+    g.SN[i] = i < names.size() ? names[i] : std::string();
 }
 
 struct ComboNames {
@@ -28,30 +31,17 @@ struct ComboNames {
 
 // The names in the sign-on window's combo box, in front of "Guest".
 ComboNames ReadCombo(Platform& platform, Window combo) {
-  WindowSystem& windows = platform.windows;
+  const ClientList list(platform, combo, ClientList::Kind::kComboBox);
   ComboNames result;
-  const auto memory = platform.processes.Open(windows.ProcessOf(combo));
-  if (!memory) return result;
-  const auto count = windows.Send(combo, wm::kCbGetCount, 0, 0);
-  for (MessageResult row = 0; row < count && result.names.size() < kNames5; ++row) {
-    const auto data = windows.Send(combo, wm::kCbGetItemData, static_cast<WParam>(row), 0);
-    std::string name = ReadRowName(*memory, static_cast<std::uint32_t>(data));
+  for (int row = 0; row < list.Count() && result.names.size() < kMostRows; ++row) {
+    std::string name = list.Row(row);
     if (name == "Guest") break;
     result.names.push_back(std::move(name));
   }
-  const auto selected = windows.Send(combo, wm::kCbGetCurSel, 0, 0);
+  const int selected = list.Selected();
   if (selected >= 0 && static_cast<std::size_t>(selected) < result.names.size())
     result.selected = result.names[static_cast<std::size_t>(selected)];
   return result;
-}
-
-// The sign-on window in either of its states.
-Window SignOnWindow(Program& program) {
-  const Globals& g = program.g;
-  WindowSystem& windows = program.platform.windows;
-  if (const Window w = windows.FindChild(g.hMDI, {}, "AOL Child", g.strings.AOLSignOnTitle))
-    return w;
-  return windows.FindChild(g.hMDI, {}, "AOL Child", g.strings.AOLGoodbyeTitle);
 }
 
 void TimedOut(Program& program) {
@@ -60,27 +50,45 @@ void TimedOut(Program& program) {
                " timed out waiting for America Online to load.~N ~NPlease start America Online "
                "first and then start Gatewarden: G-32",
            style::kOk + style::kExclamation);
-  EndProgram();
+  StopProgram(program);
+}
+
+// "Welcome, NAME!"
+std::string NameInWelcome(const std::string& caption) {
+  const std::size_t greeting = facts::kWelcome.size();
+  const std::string name = caption.size() > greeting ? caption.substr(greeting) : std::string();
+  return Trim(std::string_view(name).substr(0, name.find('!')));
 }
 
 }  // namespace
 
+// In either of its states.
+Window AolClient::SignOnWindow() {
+  const Window window = DocumentTitled(strings_.AOLSignOnTitle);
+  return window ? window : DocumentTitled(strings_.AOLGoodbyeTitle);
+}
+
 void AolClient::ReadSignOnNames() {
+  constexpr double kPatience = 1;  // seconds, as often as need be
+  constexpr int kTriesAlone = 10;  // before the user is asked to help
   Globals& g = program_.g;
-  // Of a client that nobody knows there is no title to look for.
-  if (g.strings.AOLSignOnTitle.empty()) return;
-  for (int failures = 0; !g.Unloading;) {
+  if (!KnownEdition()) return;  // there is no title to look for
+  std::optional<UsersTurn> turn;
+  for (int tries = 0, failures = 0; !g.Unloading;) {
     if (!program_.platform.windows.Exists(g.hAOL)) StopProgram(program_);
-    const Window window = SignOnWindow(program_);
+    const Window window = SignOnWindow();
     if (!window) {
       if (IsAOLOnline(false)) return;  // the user has signed on meanwhile: no such window comes
-      RunMenuByString(g.hAOL, g.AOLVer == "3" ? "Set Up && Sign On" : "&Sign On Screen", true);
-      Poll(program_, "ReadSignOnNames", 1, [&] { return SignOnWindow(program_); });
+      RunMenuByString(g.hAOL, Fact(facts::kSignOnRow), true);
+      if (!turn && ++tries > kTriesAlone) turn.emplace(program_, kAskForSignOn);
+      Poll(
+          program_, "ReadSignOnNames", kPatience, [&] { return SignOnWindow(); },
+          turn ? WaitFor::kUser : WaitFor::kClient);
       continue;
     }
-    if (const Window combo = WaitChildByClass(window, "_AOL_COMBOBOX")) {
+    if (const Window combo = WaitChildByClass(window, facts::kCombo)) {
       const ComboNames found = ReadCombo(program_.platform, combo);
-      StoreNames(g, found.names);
+      StoreNames(g, found.names, Fact(facts::kNamesKept));
       g.CurrentSN = found.selected;
       return;
     }
@@ -96,45 +104,67 @@ void AolClient::GetScreenNames() {
     g.CurrentSN.clear();
     return;
   }
-  if (g.AOLVer == "3") {
-    const auto buffers = program_.platform.clientLibrary.GetScreenNames(g.AOLPath + "\\");
-    for (std::size_t i = 0; i < buffers.size() && i < 5; ++i) g.SN[i] = Trim(CutAtNul(buffers[i]));
-    if (buffers.size() > 5) g.CurrentSN = Trim(CutAtNul(buffers[5]));
-    return;
-  }
-  if (!g.IsVersion4Or5()) return;
-  const std::string file = g.AOLPath + "\\idb\\main.idx";
-  if (!FileExists(program_, file))
-    PlainBox(program_, "AOL MAIN.IDX not found! Aborting startup.", style::kOk);
+  if (!KnownEdition()) return;
+  if (Fact(facts::kNamesInAccountIndex))
+    ReadAccountIndex();
   else
-    Reported(program_, {"modAOLFunctions", "QRV_AOLGetScreenNames"}, [&] {
-      const auto names = NamesInAccountIndex(ReadWholeFile(program_, file));
-      if (!names.empty()) StoreNames(g, names);
-    });
-  if (!signingOn) g.CurrentSN = GetUserSN();
+    AskLibraryForNames();
+  if (Fact(facts::kNamesInAccountIndex) && !signingOn) g.CurrentSN = GetUserSN();
 }
 
+void AolClient::AskLibraryForNames() {
+  Globals& g = program_.g;
+  const auto buffers = program_.platform.clientLibrary.GetScreenNames(g.AOLPath + "\\");
+  const auto most = static_cast<std::size_t>(Fact(facts::kNamesKept));
+  for (std::size_t i = 0; i < buffers.size() && i < most; ++i) g.SN[i] = Trim(CutAtNul(buffers[i]));
+  if (buffers.size() > most) g.CurrentSN = Trim(CutAtNul(buffers[most]));
+}
+
+void AolClient::ReadAccountIndex() {
+  const std::string file = program_.g.AOLPath + "\\idb\\main.idx";
+  if (!FileExists(program_, file)) {
+    PlainBox(program_, "AOL MAIN.IDX not found! Aborting startup.", style::kOk);
+    return;
+  }
+  Reported(program_, {"modAOLFunctions", "QRV_AOLGetScreenNames"}, [&] {
+    const auto names = NamesInAccountIndex(ReadWholeFile(program_, file));
+    if (!names.empty()) StoreNames(program_.g, names, Fact(facts::kNamesKept));
+  });
+}
+
+// The name stands in the caption of the Welcome window alone. Where the user has closed it, and the
+// client has no keyword for it, only he can open it again.
 std::string AolClient::GetUserSN() {
   constexpr std::size_t kRoom = 256;
-  constexpr std::string_view kWelcome = "Welcome,";
+  constexpr double kBetweenLooks = 1;  // seconds, after which the session is looked at again
   Globals& g = program_.g;
+  std::optional<UsersTurn> turn;
   while (!g.Unloading) {
     if (!IsAOLOnline(false)) {
       ReadSignOnNames();
       return g.CurrentSN;
     }
-    Window welcome = FindChildByTitle(g.hMDI, kWelcome);
-    if (!welcome && g.AOLVer == "5") {
-      RunKeyword("welcome");
-      welcome = WaitChildByTitle(g.hMDI, "Welcome, ");
-    }
-    if (!welcome) continue;
-    const std::string text =
-        program_.platform.windows.SendForText(welcome, wm::kGetText, kRoom, kRoom);
-    const std::string name = text.size() > kWelcome.size() ? text.substr(kWelcome.size()) : "";
-    return Trim(std::string_view(name).substr(0, name.find('!')));
+    Window welcome = WelcomeWindow();
+    if (!welcome) welcome = CallForWelcome();
+    if (!welcome && turn)
+      welcome = Poll(
+          program_, "GetUserSN", kBetweenLooks, [&] { return WelcomeWindow(); }, WaitFor::kUser);
+    if (welcome)
+      return NameInWelcome(
+          program_.platform.windows.SendForText(welcome, wm::kGetText, kRoom, kRoom));
+    if (!turn) turn.emplace(program_, kAskForWelcome);
   }
   return {};
+}
+
+// By its keyword, where there is one; else it may just be on its way.
+Window AolClient::CallForWelcome() {
+  constexpr double kPatience = 3;  // seconds
+  if (const auto keyword = Fact(facts::kWelcomeKeyword); !keyword.empty()) {
+    RunKeyword(std::string(keyword));
+    return WaitChildByTitle(program_.g.hMDI, "Welcome, ");
+  }
+  return Poll(program_, "GetUserSN", kPatience, [&] { return WelcomeWindow(); });
 }
 
 void AolClient::MSNCheck() {

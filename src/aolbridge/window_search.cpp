@@ -23,7 +23,7 @@ Window NthChild(WindowSystem& windows, Window parent, int n, Matches matches) {
 Window AolClient::FindChildByClass(Window parent, std::string_view className, int n) {
   WindowSystem& windows = program_.platform.windows;
   Window child{};
-  for (; n > 0 && parent; --n) {
+  for (; n > 0 && parent && !className.empty(); --n) {
     child = windows.FindChild(parent, child, className, std::nullopt);
     if (!child) return {};
   }

@@ -9,13 +9,6 @@ namespace corvel {
 
 namespace {
 
-// An error that no procedure has dealt with is reported like any other, under the name of the event
-// procedure that it has left. That can't be run again from here: retrying goes on, too.
-void ReportUnhandled(Program& program, const RunTimeError& error, const char* form,
-                     const char* procedure) {
-  if (ReportError(program, {form, procedure}, error) == ErrorAnswer::kStop) StopProgram(program);
-}
-
 // Long fades let what is due happen on their way.
 void YieldToEvents(Platform& platform) {
   platform.events.Pump({"FadeEngine", WaitFor::kTime, platform.clock.TickCount()});
@@ -28,11 +21,12 @@ CorvelProcess::CorvelProcess(Platform& platform)
       client_(program_),
       fader_(program_.settings.Fader, [&platform] { YieldToEvents(platform); }),
       faderSwitch_(program_),
-      wavLibrary_(program_, client_, fader_),
+      voice_(program_, client_, fader_),
+      wavLibrary_(program_, client_, voice_),
       shell_(program_, client_) {
   program_.forms.onUnhandledError = [this](const RunTimeError& error, const char* form,
                                            const char* procedure) {
-    ReportUnhandled(program_, error, form, procedure);
+    ReportUnhandled(program_, form, procedure, error);
   };
   Hub& hub = program_.hub;
   client_.Join(hub);

@@ -7,6 +7,7 @@
 #include "core/program.h"
 #include "fader/modFade.h"
 #include "shell/shell.h"
+#include "voice/room_voice.h"
 #include "wavlib/wavlib.h"
 
 namespace corvel {
@@ -29,6 +30,7 @@ class CorvelProcess {
   AolClient client_;
   Fader fader_;
   FaderSwitch faderSwitch_;
+  RoomVoice voice_;
   WavLibrary wavLibrary_;
   ShellFeature shell_;
   bool running_ = false;

@@ -1,7 +1,8 @@
 #include "base/civil_time.h"
 
+#include "base/text.h"
+
 #include <array>
-#include <cstdio>
 
 namespace corvel {
 namespace {
@@ -12,13 +13,6 @@ constexpr std::array<const char*, 7> kDays = {"Sunday",   "Monday", "Tuesday", "
 constexpr std::array<const char*, 12> kMonths = {"January",   "February", "March",    "April",
                                                  "May",       "June",     "July",     "August",
                                                  "September", "October",  "November", "December"};
-
-template <typename... Args>
-std::string Formatted(const char* format, Args... args) {
-  std::array<char, 64> buffer;
-  std::snprintf(buffer.data(), buffer.size(), format, args...);
-  return buffer.data();
-}
 
 }  // namespace
 
@@ -68,21 +62,22 @@ double SecondsOfDay(const CivilTime& t) {
 }
 
 std::string DateMmDdYy(const CivilTime& t) {
-  return Formatted("%02d-%02d-%02d", t.month, t.day, t.year % 100);
+  return TwoDigits(t.month) + "-" + TwoDigits(t.day) + "-" + TwoDigits(t.year % 100);
 }
 
 std::string LongDate(const CivilTime& t) {
-  return Formatted("%s, %s %02d, %d", kDays[static_cast<std::size_t>(Weekday(t))],
-                   kMonths[static_cast<std::size_t>(t.month - 1)], t.day, t.year);
+  return kDays[static_cast<std::size_t>(Weekday(t))] + std::string(", ") +
+         kMonths[static_cast<std::size_t>(t.month - 1)] + " " + TwoDigits(t.day) + ", " +
+         std::to_string(t.year);
 }
 
 std::string ShortDate(const CivilTime& t) {
-  return Formatted("%d/%d/%02d", t.month, t.day, t.year % 100);
+  return std::to_string(t.month) + "/" + std::to_string(t.day) + "/" + TwoDigits(t.year % 100);
 }
 
 std::string LongTime(const CivilTime& t) {
-  return Formatted("%d:%02d:%02d %s", t.hour % 12 == 0 ? 12 : t.hour % 12, t.minute, t.second,
-                   t.hour < 12 ? "AM" : "PM");
+  return std::to_string(t.hour % 12 == 0 ? 12 : t.hour % 12) + ":" + TwoDigits(t.minute) + ":" +
+         TwoDigits(t.second) + (t.hour < 12 ? " AM" : " PM");
 }
 
 }  // namespace corvel

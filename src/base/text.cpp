@@ -184,4 +184,8 @@ bool IsNumeric(std::string_view text) {
   return !trimmed.empty() && DecimalLength(trimmed) == trimmed.size();
 }
 
+std::string TwoDigits(int number) {
+  return (number >= 0 && number < 10 ? "0" : "") + std::to_string(number);
+}
+
 }  // namespace corvel

@@ -45,4 +45,6 @@ int IntVal(std::string_view text);
 // True if all of the trimmed text is a decimal number.
 bool IsNumeric(std::string_view text);
 
+std::string TwoDigits(int number);  // from 0: "07", "12", "123"
+
 }  // namespace corvel

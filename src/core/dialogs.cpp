@@ -4,9 +4,9 @@
 #include "core/frmCMDialog.h"
 #include "core/frmInpBox.h"
 #include "core/frmMsg.h"
-#include "core/helpers.h"
 
 #include <array>
+#include <utility>
 
 namespace corvel {
 
@@ -14,44 +14,37 @@ namespace {
 
 constexpr Color kWhite = 16777215;
 
-// True while it stands, whatever way the procedure is left.
+// True while it stands, whatever way the procedure is left; one inside another doesn't end it.
 class FlagUp {
  public:
-  explicit FlagUp(bool& flag) : flag_(flag) { flag_ = true; }
-  ~FlagUp() { flag_ = false; }
+  explicit FlagUp(bool& flag) : flag_(flag), before_(std::exchange(flag, true)) {}
+  ~FlagUp() { flag_ = before_; }
   FlagUp(const FlagUp&) = delete;
   FlagUp& operator=(const FlagUp&) = delete;
 
  private:
   bool& flag_;
+  bool before_;
 };
 
 std::string FolderWithSlash(std::string_view path) { return FolderOf(path) + "\\"; }
 
 }  // namespace
 
-int MsgBoxEx(Program& program, std::string_view text, int style, bool* doNotShow) {
-  // Behind the way down no window comes up any more: what still unwinds gets the answer that
-  // changes nothing.
-  if (program.g.Unloading) return frmMsg(program, text, style, doNotShow).HarmlessAnswer();
-  const auto form = program.forms.LoadNew<frmMsg>(program, text, style, doNotShow);
-  form->Show();
-  while (!form->Answer() && form->IsLoaded())
-    program.platform.events.Pump({"MsgBoxEx", WaitFor::kUser});
-  if (doNotShow) *doNotShow = form->chkNoShow.Value() != 0;
-  form->Unload();
-  return form->Answer() ? form->Answer() : form->HarmlessAnswer();
+std::string DialogTitle(const Program& program) {
+  return std::string(kTitle) + " - " + program.g.ProgramVersion;
 }
 
-std::string InputBoxEx(Program& program, std::string_view text, std::string_view preset) {
-  if (program.g.Unloading) return {};
+int MsgBoxEx(Program& program, std::string_view text, int style, const MessageOptions& options) {
+  const auto [button, noShow] = Ask<frmMsg>(program, options.owner, text, style, options);
+  if (options.doNotShow) *options.doNotShow = noShow;
+  return button;
+}
+
+std::string InputBoxEx(Program& program, std::string_view text, std::string_view preset,
+                       const InputOptions& options) {
   const FlagUp up(program.g.InputBoxUp);
-  const auto form = program.forms.LoadNew<frmInpBox>(program, text, preset);
-  form->Show();
-  while (!form->Answered() && form->IsLoaded())
-    program.platform.events.Pump({"InputBoxEx", WaitFor::kUser});
-  form->Unload();
-  return form->Answer();
+  return Ask<frmInpBox>(program, options.owner, text, preset, options);
 }
 
 int PlainBox(Program& program, std::string_view text, int style) {
@@ -85,13 +78,8 @@ Color PickColor(Program& program, Window owner, Color start) {
   return chosen.value_or(start);
 }
 
-std::string ChooseFolder(Program& program, const FolderQuestion& question) {
-  if (program.g.Unloading) return {};
-  const auto form = program.forms.LoadNew<frmCMDialog>(program, question);
-  form->Show();
-  WaitWhileVisible(program, *form, "ChooseFolder");
-  form->Unload();
-  return form->Folder();
+std::string ChooseFolder(Program& program, const FolderQuestion& question, forms::Form* owner) {
+  return Ask<frmCMDialog>(program, owner, question);
 }
 
 FolderQuestion ClientFolderQuestion() {

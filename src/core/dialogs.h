@@ -1,5 +1,7 @@
 // The program's own dialogs and its calls to the common ones. Every one of them waits with events
 // going on: timers and hooks run meanwhile, and may show a further dialog over it.
+//
+// With an `owner` that window takes no input meanwhile.
 #pragma once
 
 #include "core/program.h"
@@ -21,16 +23,34 @@ namespace answer {
 inline constexpr int kOk = 1, kCancel = 2, kAbort = 3, kRetry = 4, kIgnore = 5, kYes = 6, kNo = 7;
 }  // namespace answer
 
-// The marked-up text in frmMsg. With `doNotShow` the box chkNoShow is there and its state comes
-// back.
+// What the title bar of the two boxes says: "Corvel 32 - 9.1.0".
+std::string DialogTitle(const Program& program);
+
+struct MessageOptions {
+  bool* doNotShow = nullptr;  // the box chkNoShow is there with this state, which comes back
+  // The path of a wav that has been found: the buttons are Delete, Preview and OK, whatever the
+  // style says. The first two do what they say to the wav and keep the message.
+  std::string wav;
+  forms::Form* owner = nullptr;
+};
+
+// The marked-up text in frmMsg; the answer is the button.
 int MsgBoxEx(Program& program, std::string_view text, int style = style::kOk + style::kInformation,
-             bool* doNotShow = nullptr);
-inline bool AskYesNo(Program& program, std::string_view text) {
-  return MsgBoxEx(program, text, style::kYesNo + style::kQuestion) == answer::kYes;
+             const MessageOptions& options = {});
+inline bool AskYesNo(Program& program, std::string_view text, forms::Form* owner = nullptr) {
+  return MsgBoxEx(program, text, style::kYesNo + style::kQuestion, {.owner = owner}) ==
+         answer::kYes;
 }
 
+struct InputOptions {
+  std::string title;  // of the window; "": the program's own
+  int maxLength = 0;  // characters that can be typed; 0: no limit
+  forms::Form* owner = nullptr;
+};
+
 // "" on Cancel.
-std::string InputBoxEx(Program& program, std::string_view text, std::string_view preset = {});
+std::string InputBoxEx(Program& program, std::string_view text, std::string_view preset = {},
+                       const InputOptions& options = {});
 
 // The system's plain box with the program's title.
 int PlainBox(Program& program, std::string_view text, int style);
@@ -51,7 +71,9 @@ struct FolderQuestion {
   std::string hint;      // Dir1's tool tip
   std::string start = "c:\\";
 };
-std::string ChooseFolder(Program& program, const FolderQuestion& question);  // "" on Cancel
+// "" on Cancel.
+std::string ChooseFolder(Program& program, const FolderQuestion& question,
+                         forms::Form* owner = nullptr);
 FolderQuestion ClientFolderQuestion();
 FolderQuestion WavFolderQuestion();
 

@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "core/dialogs.h"
+#include "core/features/client.h"
 #include "core/helpers.h"
 #include "core/start_checks.h"
 
@@ -75,9 +76,7 @@ bool HasClient(Program& program, const std::string& folder) {
 
 }  // namespace
 
-Window FindClientFrame(Program& program) {
-  return program.platform.windows.Find(kClientFrameClass, std::nullopt);
-}
+Window FindClientFrame(Program& program) { return program.hub.client->FindFrame(); }
 
 void AOLIsRunning(Program& program) {
   Globals& g = program.g;

@@ -5,9 +5,6 @@
 
 namespace corvel {
 
-// The class of the client's main window. Classes are compared without case.
-inline constexpr const char* kClientFrameClass = "AOL Frame25";
-
 // The client's main window, or 0.
 Window FindClientFrame(Program& program);
 

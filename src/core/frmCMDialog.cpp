@@ -47,7 +47,7 @@ std::vector<std::string> WayDown(const std::string& path) {
 }  // namespace
 
 frmCMDialog::frmCMDialog(Program& p, const FolderQuestion& question)
-    : ProgramForm(p, "frmCMDialog", question.title),
+    : ModalForm(p, "frmCMDialog", question.title, {}),
       Drive1(*this, "Drive1"),
       Dir1(*this, "Dir1"),
       File1(*this, "File1"),
@@ -66,7 +66,7 @@ frmCMDialog::frmCMDialog(Program& p, const FolderQuestion& question)
   Drive1.onClick = [this] { Drive1_Change(); };
   Dir1.onDblClick = [this] { Dir1_DblClick(); };
   Command1.onClick = [this] { Command1_Click(); };
-  Command2.onClick = [this] { Hide(); };
+  Command2.onClick = [this] { Cancel(); };
 }
 
 void frmCMDialog::Form_Load() {
@@ -75,14 +75,6 @@ void frmCMDialog::Form_Load() {
   GoTo(Tidied(question_.start));
   Arrange(Column({Cell(Drive1), Row({Cell(Dir1, 26, 10), Cell(File1, 20, 10)}), Cell(txtPath),
                   Row({Space(), Cell(Command1), Cell(Command2)})}));
-  Center();
-  SetTopMost();
-}
-
-// Whoever waits for the answer unloads it once it is hidden.
-bool frmCMDialog::Form_QueryUnload(bool byUser) {
-  if (byUser) Hide();
-  return !byUser;
 }
 
 void frmCMDialog::Drive1_Change() {
@@ -142,12 +134,12 @@ bool frmCMDialog::IsAcceptable(const std::string& path) {
     MsgBoxEx(program,
              "~B~CRAOL.EXE not found!~B~CN~N ~NThis is not a valid AOL directory.~N ~NPlease "
              "choose a directory that conatins the ~B~CBAOL.EXE~B~CN file.",
-             style::kOk + style::kExclamation);
+             style::kOk + style::kExclamation, {.owner = this});
     return false;
   }
   if (DirExists(program, path)) return true;
   MsgBoxEx(program, "~B~CRFolder not found!~B~CN~N ~NPlease choose a folder that exists.",
-           style::kOk + style::kExclamation);
+           style::kOk + style::kExclamation, {.owner = this});
   return false;
 }
 
@@ -157,9 +149,7 @@ void frmCMDialog::Command1_Click() {
   std::string path = Tidied(txtPath.Text());
   if (path == path_ && row >= 0 && row < static_cast<int>(folderOfRow_.size()))
     path = folderOfRow_[static_cast<std::size_t>(row)];
-  if (!IsAcceptable(path)) return;
-  folder_ = path;
-  Hide();
+  if (IsAcceptable(path)) Answer(path);
 }
 
 }  // namespace corvel

@@ -2,14 +2,13 @@
 #pragma once
 
 #include "core/dialogs.h"
+#include "core/modal_form.h"
 
 namespace corvel {
 
-class frmCMDialog : public ProgramForm {
+class frmCMDialog : public ModalForm<std::string> {  // the folder, "" on Cancel
  public:
   frmCMDialog(Program& program, const FolderQuestion& question);
-
-  const std::string& Folder() const { return folder_; }  // "" on Cancel
 
   forms::ComboBox Drive1;
   forms::ListBox Dir1, File1;
@@ -18,7 +17,6 @@ class frmCMDialog : public ProgramForm {
 
  protected:
   void Form_Load() override;
-  bool Form_QueryUnload(bool byUser) override;
 
  private:
   void Drive1_Change();
@@ -34,7 +32,6 @@ class frmCMDialog : public ProgramForm {
   std::string path_;  // of the open folder
   std::vector<std::string>
       folderOfRow_;  // of Dir1: the way down to the open one, then what it holds
-  std::string folder_;
 };
 
 }  // namespace corvel

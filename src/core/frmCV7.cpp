@@ -4,6 +4,7 @@
 #include "core/dialogs.h"
 #include "core/features/access.h"
 #include "core/features/chat_tools.h"
+#include "core/features/client.h"
 #include "core/features/facts_and_clock.h"
 #include "core/features/instant_messages.h"
 #include "core/find_client.h"
@@ -24,7 +25,7 @@ constexpr MessageId kViewLine = 0x2803, kViewText = 0x2C00;
 constexpr std::uint32_t kClientExit = 8207;
 // The command ids that the program's rows in the client's Window menu have.
 constexpr std::uint32_t kLastWindowListId = 50;
-constexpr int kWindowMenu = 2, kFirstListPosition = 10, kListSeparator = 9;
+constexpr int kFirstListPosition = 10, kListSeparator = 9;
 
 constexpr std::uint32_t CommandId(WParam wParam) {
   return static_cast<std::uint32_t>(wParam & 0xFFFF);
@@ -148,9 +149,8 @@ void frmCV7::RestoreToolbarPlace() {
 }
 
 void frmCV7::SetRowsByVersion() {
-  const Globals& g = program.g;
-  ShowRow(Command::kFadeDesigner, g.IsVersion4Or5());
-  if (g.AOLVer == "5" && g.AOLLocale == locale::kUs)
+  ShowRow(Command::kFadeDesigner, program.hub.client->CanFade());
+  if (program.hub.client->HasMainWindow())
     SetRowCaption(Command::kHideWelcome, "Hide AOL Main Window");
 }
 
@@ -187,7 +187,7 @@ void frmCV7::Form_Unload() {
   Pause(program, 0.5);
   UnhookSeven();
   Pause(program, 0.5);
-  if (program.g.IsVersion4Or5()) RemoveWindowListRows();
+  RemoveWindowListRows();
 }
 
 // In the order in which they are unhooked.
@@ -208,7 +208,7 @@ void frmCV7::UnhookSubclasses() {
 // front of them. They are known by their ids, so that rows of the client's own never go with them.
 void frmCV7::RemoveWindowListRows() {
   Menus& menus = platform().menus;
-  const MenuHandle menu = menus.SubMenu(menus.MenuOf(program.g.hAOL), kWindowMenu);
+  const MenuHandle menu = program.hub.client->WindowMenu();
   bool removed = false;
   for (int at = menus.Count(menu) - 1; at >= kFirstListPosition; --at) {
     const std::uint32_t id = menus.IdAt(menu, at);

@@ -62,6 +62,7 @@ class frmCV7 : public ProgramForm {
   void RenewHooks();
   void FollowRoom();
   void HookRoom();
+  void ShowFadePanelWithRoom();
   void UnhookRoom();
   void WatchMailBar();
   void FollowOnline();

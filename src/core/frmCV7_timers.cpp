@@ -15,47 +15,10 @@
 #include "core/frmCV7.h"
 #include "core/helpers.h"
 #include "core/main.h"
+#include "core/maker_pages.h"
 #include "core/report_error.h"
 
 namespace corvel {
-
-namespace {
-
-constexpr const char* kFadeNewsPage = "http://corvel.example/news/fading.html";
-
-// The child windows of a chat room that are hooked.
-struct RoomWindows {
-  Window view, input, list, sendIcon;
-  bool AllThere() const { return view && input && list && sendIcon; }
-};
-
-RoomWindows FindRoomWindows(Program& program, Window room) {
-  WindowSystem& windows = program.platform.windows;
-  const auto first = [&](const char* className) {
-    return windows.FindChild(room, {}, className, std::nullopt);
-  };
-  RoomWindows found;
-  if (program.g.AOLVer == "3") {
-    found.view = first("_AOL_VIEW");
-    found.input = first("_AOL_EDIT");
-  } else {
-    found.view = first("RICHCNTL");
-    if (found.view) found.input = windows.FindChild(room, found.view, "RICHCNTL", std::nullopt);
-  }
-  found.list = first("_AOL_LISTBOX");
-  found.sendIcon = windows.Next(found.input);
-  if (program.g.AOLVer != "3" && program.g.AOLLocale == locale::kUk)
-    found.sendIcon = windows.Next(found.sendIcon);
-  return found;
-}
-
-// The text behind the first colon of an IM's caption.
-std::string SenderInCaption(const std::string& caption) {
-  const auto colon = caption.find(':');
-  return colon == std::string::npos ? std::string() : Trim(caption.substr(colon + 1));
-}
-
-}  // namespace
 
 void frmCV7::Timer1_Timer() {
   if (program.g.Unloading) {
@@ -85,22 +48,25 @@ void frmCV7::FollowRoom() {
 }
 
 void frmCV7::HookRoom() {
-  if (program.g.AOLVer.empty()) return;  // a client that nobody knows
-  const RoomWindows room = FindRoomWindows(program, program.g.hChatRoom);
+  const RoomParts room = program.hub.client->PartsOfRoom(program.g.hChatRoom);
   if (!room.AllThere()) return;  // still being built: the next tick tries again
-  if (program.g.IsVersion4Or5()) {
-    if (program.settings.Fader.ShowFadePanelWithChat && !program.g.FadePanelUp) {
-      program.g.FadePanelUp = true;
-      if (!program.hub.faderWindows->ShowPanelWithRoom()) program.g.FadePanelUp = false;
-    }
-    chat.Attach(program.g.hChatRoom);
-  } else {
+  ShowFadePanelWithRoom();
+  if (room.viewTellsLines)
     sbcChatWin.SetHWnd(room.view);
-  }
+  else
+    chat.Attach(program.g.hChatRoom);
   sbcCmdLine.SetHWnd(room.input);
   sbcSendIcon.SetHWnd(room.sendIcon);
   SubClass3.SetHWnd(room.list);
   ChatHooked = true;
+}
+
+void frmCV7::ShowFadePanelWithRoom() {
+  Globals& g = program.g;
+  if (!program.settings.Fader.ShowFadePanelWithChat || g.FadePanelUp) return;
+  if (!program.hub.client->CanFade()) return;
+  g.FadePanelUp = true;
+  if (!program.hub.faderWindows->ShowPanelWithRoom()) g.FadePanelUp = false;
 }
 
 void frmCV7::UnhookRoom() {
@@ -108,10 +74,8 @@ void frmCV7::UnhookRoom() {
   SubClass3.SetHWnd({});
   sbcCmdLine.SetHWnd({});
   sbcSendIcon.SetHWnd({});
-  if (program.g.IsVersion4Or5())
-    chat.Detach();
-  else
-    sbcChatWin.SetHWnd({});
+  sbcChatWin.SetHWnd({});
+  chat.Detach();
   GoOn([this] { program.hub.chatTools->RoomHasGone(); });
   if (program.g.FadePanelUp) {
     program.g.FadePanelUp = false;
@@ -121,9 +85,8 @@ void frmCV7::UnhookRoom() {
 
 void frmCV7::WatchMailBar() {
   Globals& g = program.g;
-  if (!program.settings.EFade.ShowToolbar || !g.IsVersion4Or5()) return;
-  WindowSystem& windows = platform().windows;
-  g.hMailWin = program.hub.client->IsWriteMailWindow(windows.TopChild(g.hMDI));
+  if (!program.settings.EFade.ShowToolbar || !program.hub.client->CanFade()) return;
+  g.hMailWin = program.hub.client->WriteMailOnTop();
   if (!g.hMailWin) {
     if (!MailBarUp) return;
     MailBarUp = false;
@@ -131,7 +94,7 @@ void frmCV7::WatchMailBar() {
   } else if (!MailBarUp) {
     MailBarUp = true;
     if (program.hub.faderWindows->ShowMailBar())
-      windows.SetFocus(g.hMailWin);  // the mail keeps the caret
+      platform().windows.SetFocus(g.hMailWin);  // the mail keeps the caret
   }
 }
 
@@ -163,15 +126,13 @@ void frmCV7::WatchReadMail() {
   const Hub& hub = program.hub;
   const bool plays = program.settings.EWav.PlayMailWav, scans = program.settings.WavScan.Active;
   if (!plays && !scans) return;
-  const Window top = platform().windows.TopChild(program.g.hMDI);
-  const Window label =
-      hub.client->FindChildByClass(top, "_AOL_STATIC", program.g.AOLLocale == locale::kUk ? 9 : 3);
-  if (!label || Lower(hub.client->GetAPIText(label)) != "reply") {
+  const Window mail = hub.client->ReadMailOnTop();
+  if (!mail) {
     hub.readMail->ForgetLastMail();
     return;
   }
-  if (plays) hub.readMail->PlayMailWav(top);
-  if (scans && !program.g.Unloading) hub.readMail->CheckForWavDL(top);
+  if (plays) hub.readMail->PlayMailWav(mail);
+  if (scans && !program.g.Unloading) hub.readMail->CheckForWavDL(mail);
 }
 
 void frmCV7::Timer2_Timer() {
@@ -189,29 +150,22 @@ void frmCV7::Timer2_Timer() {
 // The room refuses faded text with a box of its own; it goes before the user sees it.
 void frmCV7::DismissRefusalBox() {
   if (!program.settings.Fader.On) return;
-  WindowSystem& windows = platform().windows;
-  const Window box = windows.Find("#32770", program.g.strings.AOLTitle);
+  const Window box = program.hub.client->RefusalBox();
   if (!box) return;
-  const Window text = program.hub.client->FindChildByClass(box, "Static", 2);
-  if (!HoldsNoCase(program.hub.client->GetAPIText(text), "message is too long or too complex"))
-    return;
-  windows.EndDialog(box, -1);
-  const bool wantsToRead = AskYesNo(
+  platform().windows.EndDialog(box, -1);
+  const int button = MsgBoxEx(
       program,
       "~B~CRThis AOL Chat Room is unable to accept faded text at this time.~B~CN~N ~NThe Corvel "
       "chat room fader feature will be switched off so you may continue to chat normally.~N "
-      "~NWould you like to read more information about this problem?");
-  if (wantsToRead && program.settings.General.UseExternalBrowser)
-    OpenWithShell(program, this, kFadeNewsPage);
-  else if (wantsToRead)
-    program.hub.client->RunKeyword(kFadeNewsPage);
+      "~NWould you like to read more information about this problem?",
+      style::kYesNo + style::kExclamation);
+  if (button == answer::kYes) OpenPage(program, this, maker::kFadeNews);
   program.hub.faderWindows->SwitchOff();
 }
 
 void frmCV7::DismissInvitation() {
   if (!program.settings.General.DismissBuddyInvites) return;
-  const Window invitation =
-      program.hub.client->FindChildByTitle(program.g.hMDI, "Invitation From: ", 1);
+  const Window invitation = program.hub.client->BuddyInvitation();
   if (!invitation) return;
   Pause(program, 0.5);
   platform().windows.Send(invitation, wm::kClose, 0, 0);
@@ -220,10 +174,8 @@ void frmCV7::DismissInvitation() {
 // With the manager off there is nobody else to turn an ignored IM away.
 void frmCV7::CloseIgnoredIM() {
   if (program.settings.IM.TabsOn) return;
-  const Window im =
-      program.hub.client->FindChildByTitle(program.g.hMDI, ">Instant Message From: ", 1);
-  if (!im) return;
-  if (program.hub.instantMessages->IsIgnored(SenderInCaption(program.hub.client->GetAPIText(im))))
+  const Window im = program.hub.client->UnreadIM();
+  if (im && program.hub.instantMessages->IsIgnored(program.hub.client->GetIMSender(im)))
     platform().windows.Send(im, wm::kClose, 0, 0);
 }
 

@@ -1,7 +1,5 @@
 #include "core/frmInpBox.h"
 
-#include <utility>
-
 namespace corvel {
 
 namespace {
@@ -11,8 +9,9 @@ constexpr std::uint32_t kFocusDelayMs = 50;
 
 }  // namespace
 
-frmInpBox::frmInpBox(Program& p, std::string_view text, std::string_view preset)
-    : ProgramForm(p, "frmInpBox", std::string(kTitle) + " - " + p.g.ProgramVersion),
+frmInpBox::frmInpBox(Program& p, std::string_view text, std::string_view preset,
+                     const InputOptions& options)
+    : ModalForm(p, "frmInpBox", options.title.empty() ? DialogTitle(p) : options.title, {}),
       Image1(*this, "Image1"),
       Picture1(*this, "Picture1"),
       Frame1(*this, "Frame1"),
@@ -22,10 +21,11 @@ frmInpBox::frmInpBox(Program& p, std::string_view text, std::string_view preset)
       text_(text) {
   Image1.SetPicture(Picture::kQuestion);
   txtInput.SetText(preset);
+  txtInput.SetMaxLength(options.maxLength);
   Command1[0].SetDefault(true);
   Command1[1].SetCancel(true);
-  Command1[0].onClick = [this] { Finish(txtInput.Text()); };
-  Command1[1].onClick = [this] { Finish({}); };
+  Command1[0].onClick = [this] { Answer(txtInput.Text()); };
+  Command1[1].onClick = [this] { Cancel(); };
   // The focus can only go to the box once the window stands.
   Timer1.onTimer = [this] {
     Timer1.SetEnabled(false);
@@ -40,18 +40,6 @@ void frmInpBox::Form_Load() {
   Arrange(Column({Row({Cell(Image1), Cell(Picture1)}),
                   Framed(Frame1, Row({Stretch(Cell(txtInput, kInputColumns))})),
                   Row({Space(), Cell(Command1[0]), Cell(Command1[1]), Space()})}));
-  Center();
-  SetTopMost();
-}
-
-bool frmInpBox::Form_QueryUnload(bool byUser) {
-  if (byUser) Finish({});
-  return !byUser;  // whoever waits for the answer unloads it
-}
-
-void frmInpBox::Finish(std::string answer) {
-  answer_ = std::move(answer);
-  answered_ = true;
 }
 
 }  // namespace corvel

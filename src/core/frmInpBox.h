@@ -1,20 +1,19 @@
 // frmInpBox: the program's input box.
 #pragma once
 
+#include "core/dialogs.h"
 #include "core/marked_picture.h"
-#include "core/program.h"
+#include "core/modal_form.h"
 #include "forms/timer.h"
 
 #include <array>
 
 namespace corvel {
 
-class frmInpBox : public ProgramForm {
+class frmInpBox : public ModalForm<std::string> {  // "" on Cancel
  public:
-  frmInpBox(Program& program, std::string_view text, std::string_view preset);
-
-  bool Answered() const { return answered_; }
-  const std::string& Answer() const { return answer_; }  // "" on Cancel
+  frmInpBox(Program& program, std::string_view text, std::string_view preset,
+            const InputOptions& options);
 
   forms::PictureBox Image1;
   MarkedPicture Picture1;
@@ -25,13 +24,9 @@ class frmInpBox : public ProgramForm {
 
  protected:
   void Form_Load() override;
-  bool Form_QueryUnload(bool byUser) override;
 
  private:
-  void Finish(std::string answer);
-
-  std::string text_, answer_;
-  bool answered_ = false;
+  std::string text_;
 };
 
 }  // namespace corvel

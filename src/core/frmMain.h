@@ -12,6 +12,10 @@ class frmMain : public ProgramForm {
   forms::PictureBox Picture1;
   forms::Label lblTitle, lblFact, lblTipText, lblStatus;
   forms::ProgressBar prgStatus;
+  forms::Button cmdExit;
+
+  // Whether the user may end the start: he may while it waits for him (core/users_turn.h).
+  void OfferExit(bool offered);
 
  protected:
   void Form_Load() override;

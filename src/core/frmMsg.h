@@ -1,23 +1,23 @@
-// frmMsg: the program's message box.
+// frmMsg: the program's message box. With a wav it is also the window in which one that has been
+// found is heard or deleted.
 #pragma once
 
+#include "core/dialogs.h"
 #include "core/marked_picture.h"
-#include "core/program.h"
+#include "core/modal_form.h"
 
 #include <array>
 
 namespace corvel {
 
-class frmMsg : public ProgramForm {
- public:
-  // `style` as MsgBoxEx takes it; `noShow` is the first state of chkNoShow, nullptr leaves it out.
-  frmMsg(Program& program, std::string_view text, int style, const bool* noShow);
+struct MessageAnswer {
+  int button = 0;
+  bool noShow = false;  // the state of chkNoShow
+};
 
-  // 0 until a button is pressed.
-  int Answer() const { return answer_; }
-  // The answer that changes nothing: what Escape gives or, where it does nothing, the last button
-  // of Yes/No and the first of Abort/Retry/Ignore.
-  int HarmlessAnswer() const;
+class frmMsg : public ModalForm<MessageAnswer> {
+ public:
+  frmMsg(Program& program, std::string_view text, int style, const MessageOptions& options);
 
   MarkedPicture Picture2;
   forms::PictureBox Picture1;
@@ -26,14 +26,18 @@ class frmMsg : public ProgramForm {
 
  protected:
   void Form_Load() override;
-  bool Form_QueryUnload(bool byUser) override;
+  void Cancel() override;
 
  private:
+  void ShowButtons(int style);
   void Command1_Click(int index);
+  void Preview();
+  void Hushlet();
+  void DeleteWav();
+  void EnableButtons(bool enabled);
 
-  std::string text_;
-  int set_;  // of buttons
-  int answer_ = 0;
+  std::string text_, wav_;
+  bool canCancel_ = false;
 };
 
 }  // namespace corvel

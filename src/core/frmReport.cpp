@@ -6,7 +6,7 @@ namespace {
 
 std::string PlaceText(const Program& program, const ErrorPlace& place) {
   return std::string(kTitle) + " " + program.g.ProgramVersion + ", " + place.module + ", " +
-         place.procedure + ", line " + std::to_string(place.line);
+         place.procedure + (place.line > 0 ? ", line " + std::to_string(place.line) : "");
 }
 
 std::string ClientText(const Program& program) {
@@ -15,8 +15,8 @@ std::string ClientText(const Program& program) {
 
 }  // namespace
 
-frmReport::frmReport(Program& p, const ErrorPlace& place, const RunTimeError& error)
-    : ProgramForm(p, "frmReport", std::string(kTitle) + " - Error"),
+frmReport::frmReport(Program& p, const ErrorPlace& place, const RunTimeError& error, bool canRetry)
+    : ModalForm(p, "frmReport", std::string(kTitle) + " - Error", ErrorAnswer::kGoOn),
       Picture1(*this, "Picture1"),
       lblHeading(*this, "lblHeading", "A step could not be completed."),
       lblPlace(*this, "lblPlace", PlaceText(p, place) + ClientText(p)),
@@ -30,25 +30,19 @@ frmReport::frmReport(Program& p, const ErrorPlace& place, const RunTimeError& er
   Picture1.SetAccessibleName("Error");
   cmdStop.SetToolTip("Ends Corvel 32 and gives the client everything back.");
   cmdRetry.SetToolTip("Tries the step again.");
+  cmdRetry.SetVisible(canRetry);
   cmdGoOn.SetToolTip("Leaves the step out and goes on.");
   cmdGoOn.SetDefault(true);
   cmdGoOn.SetCancel(true);
-  cmdStop.onClick = [this] { answer_ = ErrorAnswer::kStop; };
-  cmdRetry.onClick = [this] { answer_ = ErrorAnswer::kRetry; };
-  cmdGoOn.onClick = [this] { answer_ = ErrorAnswer::kGoOn; };
+  cmdStop.onClick = [this] { Answer(ErrorAnswer::kStop); };
+  cmdRetry.onClick = [this] { Answer(ErrorAnswer::kRetry); };
+  cmdGoOn.onClick = [this] { Answer(ErrorAnswer::kGoOn); };
 }
 
 void frmReport::Form_Load() {
   using forms::Cell, forms::Column, forms::Row, forms::Space;
   Arrange(Column({Row({Cell(Picture1), Column({Cell(lblHeading), Cell(lblPlace), Cell(lblError)})}),
                   Row({Space(), Cell(cmdStop), Cell(cmdRetry), Cell(cmdGoOn), Space()})}));
-  Center();
-  SetTopMost();
-}
-
-bool frmReport::Form_QueryUnload(bool byUser) {
-  if (byUser) answer_ = ErrorAnswer::kGoOn;
-  return !byUser;  // whoever waits for the answer unloads it
 }
 
 }  // namespace corvel

@@ -1,17 +1,14 @@
 // frmReport: tells the user of a run-time error and asks what is to be done.
 #pragma once
 
+#include "core/modal_form.h"
 #include "core/report_error.h"
-
-#include <optional>
 
 namespace corvel {
 
-class frmReport : public ProgramForm {
+class frmReport : public ModalForm<ErrorAnswer> {
  public:
-  frmReport(Program& program, const ErrorPlace& place, const RunTimeError& error);
-  // Nothing until a button is pressed.
-  std::optional<ErrorAnswer> Answer() const { return answer_; }
+  frmReport(Program& program, const ErrorPlace& place, const RunTimeError& error, bool canRetry);
 
   forms::PictureBox Picture1;
   forms::Label lblHeading, lblPlace, lblError;
@@ -19,10 +16,6 @@ class frmReport : public ProgramForm {
 
  protected:
   void Form_Load() override;
-  bool Form_QueryUnload(bool byUser) override;
-
- private:
-  std::optional<ErrorAnswer> answer_;
 };
 
 }  // namespace corvel

@@ -49,12 +49,6 @@ void Pause(Program& program, double seconds) {
   } while (!HasPassed(program.platform.clock.TickCount(), target));
 }
 
-void WaitWhileVisible(Program& program, const forms::Form& form, const char* waitName) {
-  const auto kept = form.shared_from_this();
-  while (form.IsLoaded() && form.Visible())
-    program.platform.events.Pump({waitName, WaitFor::kUser});
-}
-
 bool FileExists(Program& program, std::string_view pathOrPattern) {
   return program.platform.files.Exists(pathOrPattern);
 }
@@ -73,6 +67,11 @@ std::string ReadWholeFile(Program& program, std::string_view path) {
 
 void WriteWholeFile(Program& program, std::string_view path, std::string_view text) {
   program.platform.files.Write(path, text);
+}
+
+void RecycleFile(Program& program, Window owner, std::string_view path) {
+  if (!program.platform.shell.Recycle(owner, path))
+    throw RunTimeError(FileExists(program, path) ? err::kPathFileAccess : err::kFileNotFound);
 }
 
 std::string GetWinDir(Program& program) { return program.platform.system.WindowsFolder(); }
@@ -142,6 +141,12 @@ std::string BuildTime(Program& program) {
   if (program.settings.EMail.IncludeTimeZone)
     time += " " + CutAtNul(program.platform.clock.TimeZoneName());
   return time;
+}
+
+std::string CMinSec(int milliseconds) {
+  const int minutes = milliseconds / 60'000, seconds = milliseconds / 1000 % 60,
+            hundredths = milliseconds % 1000 / 10;
+  return TwoDigits(minutes) + ":" + TwoDigits(seconds) + "." + TwoDigits(hundredths);
 }
 
 void EndProgram() { throw ProcessExit{}; }

@@ -12,15 +12,13 @@ namespace corvel {
 // Waits by the tick count, letting events happen: any timer or hook can run inside.
 void Pause(Program& program, double seconds);
 
-// Pumps until `form` is unloaded or no longer visible: the wait for a modal window of ours. The
-// form is kept alive; its controls can be read afterwards, then it is for the caller to unload.
-void WaitWhileVisible(Program& program, const forms::Form& form, const char* waitName);
-
 bool FileExists(Program& program, std::string_view pathOrPattern);
 bool DirExists(Program& program, std::string_view path);         // "" gives false
 void MakeDirIfMissing(Program& program, std::string_view path);  // one level
 std::string ReadWholeFile(Program& program, std::string_view path);
 void WriteWholeFile(Program& program, std::string_view path, std::string_view text);
+// Without asking; a file that stays is a RunTimeError.
+void RecycleFile(Program& program, Window owner, std::string_view path);
 
 std::string GetWinDir(Program& program);
 std::string GetSysDir(Program& program);
@@ -41,6 +39,9 @@ void ShowHelp(Program& program, std::string_view topic);
 
 std::string BuildDate(Program& program);  // by the DateFormat setting
 std::string BuildTime(Program& program);  // with or without the zone's name
+
+// A length in milliseconds as minutes, seconds and hundredths: "01:01.50".
+std::string CMinSec(int milliseconds);
 
 // Ends the program from any depth: only the edge of the process catches it.
 [[noreturn]] void EndProgram();

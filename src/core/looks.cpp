@@ -20,13 +20,10 @@ struct Look {
 
 Look LookOf(const Program& program) {
   const auto& colors = program.settings.UserColors;
-  const int locale = program.g.AOLLocale;
+  const HouseColors& house = program.g.houseColors;
   switch (program.g.UIMode) {
     case 1:
-      return {locale == locale::kAustralia ? 0xC0FFFF : 0xF0FBFF,
-              locale == locale::kUk ? 0xC8876C : 0xAD6D00,
-              locale == locale::kUk ? std::nullopt : std::optional<Color>(0xFFB18C), 0xFFFFFF,
-              kSystemHighlightBack};
+      return {house.window, house.face, house.secondFace, 0xFFFFFF, kSystemHighlightBack};
     case 2:
       return {colors.WindowColor, colors.ButtonForecolor, std::nullopt, colors.ButtonText,
               colors.ButtonHighlight};

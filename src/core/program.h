@@ -11,6 +11,7 @@
 #include "platform/platform.h"
 
 #include <array>
+#include <optional>
 #include <string>
 
 namespace corvel {
@@ -18,10 +19,11 @@ namespace corvel {
 inline constexpr const char* kTitle = "Corvel 32";
 inline constexpr const char* kProgramVersion = "9.1.0";  // major, minor, revision
 
-// The client's own texts, which differ by version and country. LoadAOLStrings fills them.
-struct AolStrings {
-  std::string AOLWriteTitle, AOLName, AOLAbout, AOLTitle, AOLSignOnTitle, AOLGoodbyeTitle,
-      AOLAttachText;
+// The colours of the client's own country, which windows in the AOL style take. Where the second
+// face isn't set, a button keeps its own.
+struct HouseColors {
+  Color window = 0xF0FBFF, face = 0xAD6D00;
+  std::optional<Color> secondFace = 0xFFB18C;
 };
 
 // Values of AOLLocale.
@@ -49,9 +51,7 @@ struct Globals {
   std::string WinDir, SysDir;
   std::string HelpFile;
   bool InputBoxUp = false;
-  AolStrings strings;
-
-  bool IsVersion4Or5() const { return AOLVer == "4" || AOLVer == "5"; }
+  HouseColors houseColors;  // by LoadAOLStrings
 };
 
 struct Program {

@@ -1,21 +1,21 @@
 #include "core/report_error.h"
 
-#include "core/dialogs.h"
 #include "core/frmReport.h"
-#include "core/helpers.h"
 #include "core/main.h"
+
+#include <optional>
 
 namespace corvel {
 
-ErrorAnswer ReportError(Program& program, const ErrorPlace& place, const RunTimeError& error) {
-  // Behind the way down there is nobody to ask: what still unwinds goes on to its end.
-  if (program.g.Unloading) return ErrorAnswer::kGoOn;
-  const auto form = program.forms.LoadNew<frmReport>(program, place, error);
-  form->Show();
-  while (!form->Answer() && form->IsLoaded())
-    program.platform.events.Pump({"ReportError", WaitFor::kUser});
-  form->Unload();
-  return form->Answer().value_or(ErrorAnswer::kGoOn);
+ErrorAnswer ReportError(Program& program, const ErrorPlace& place, const RunTimeError& error,
+                        bool canRetry) {
+  return Ask<frmReport>(program, nullptr, place, error, canRetry);
+}
+
+void ReportUnhandled(Program& program, const char* form, const char* procedure,
+                     const RunTimeError& error) {
+  if (ReportError(program, {form, procedure, 0}, error, false) == ErrorAnswer::kStop)
+    StopProgram(program);
 }
 
 bool Reported(Program& program, const ErrorPlace& place, const std::function<void()>& body) {

@@ -18,7 +18,8 @@ namespace corvel {
 
 enum class ErrorAnswer { kStop = 3, kRetry = 4, kGoOn = 5 };
 
-// Where an error was met. The line is that of the caller; names must outlive the report.
+// Where an error was met. The line is that on which this is made, so make it where the step stands;
+// 0 if nobody knows it. Names must outlive the report.
 struct ErrorPlace {
   ErrorPlace(const char* moduleName, const char* procedureName, int atLine = __builtin_LINE())
       : module(moduleName), procedure(procedureName), line(atLine) {}
@@ -28,8 +29,14 @@ struct ErrorPlace {
   int line;
 };
 
-// Shows the report and waits for the answer.
-ErrorAnswer ReportError(Program& program, const ErrorPlace& place, const RunTimeError& error);
+// Shows the report and waits for the answer. `canRetry` offers to run the step again.
+ErrorAnswer ReportError(Program& program, const ErrorPlace& place, const RunTimeError& error,
+                        bool canRetry = true);
+// An error that has left the event procedure `procedure` of `form`. It isn't run again: what it has
+// done before the error would be done twice (a line sent, a row written), and whoever wants that
+// clicks once more.
+void ReportUnhandled(Program& program, const char* form, const char* procedure,
+                     const RunTimeError& error);
 
 // Runs `body`; on an error reports it and does what the user answers: stop (UnloadAllForms, end),
 // retry, go on (true: the body ran through; false: it was given up).

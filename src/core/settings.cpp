@@ -317,13 +317,13 @@ void LoadHotWordsGroup(const SettingsStore& store, Settings& settings) {
   Load(Group::kHotWords, store, settings);
 }
 
-void LoadIMGroup(const SettingsStore& store, Settings& settings, std::string_view aolVer) {
+void LoadIMGroup(const SettingsStore& store, Settings& settings, bool canManageIMs) {
   Load(Group::kIM, store, settings);
-  if (aolVer != "3") {
+  if (canManageIMs) {
     Load(Group::kIMManager, store, settings);
     return;
   }
-  // The client's 3.0 windows can't be taken into the manager, whatever the user once chose.
+  // Such a client's windows can't be taken into the manager, whatever the user once chose.
   auto& im = settings.IM;
   im.TabsOn = im.EnterSends = im.TabSwitches = im.MultipleRows = false;
 }

@@ -102,7 +102,7 @@ void LoadWavListGroup(const SettingsStore& store, Settings& settings);
 void LoadEMailGroup(const SettingsStore& store, Settings& settings);
 void LoadWavScanGroup(const SettingsStore& store, Settings& settings);
 void LoadHotWordsGroup(const SettingsStore& store, Settings& settings);
-void LoadIMGroup(const SettingsStore& store, Settings& settings, std::string_view aolVer);
+void LoadIMGroup(const SettingsStore& store, Settings& settings, bool canManageIMs);
 void LoadSiblingKeys(const SettingsStore& store, Settings& settings);
 void LoadFaderGroup(const SettingsStore& store, Settings& settings);
 

@@ -5,7 +5,6 @@
 #include "core/dialogs.h"
 #include "core/find_client.h"
 #include "core/helpers.h"
-#include "core/report_error.h"
 
 namespace corvel {
 
@@ -54,8 +53,8 @@ void RunLiveUpdate(Program& program) {
   EndProgram();
 }
 
-void StartStep(Program& program, const char* procedure, const std::function<void()>& body) {
-  Reported(program, {"modMain", procedure}, body,
+void MainStep(Program& program, const ErrorPlace& place, const std::function<void()>& step) {
+  Reported(program, place, step,
            [](const RunTimeError& error) { return error.Number() == err::kPathFileAccess; });
 }
 
@@ -117,8 +116,8 @@ void IntegrityCheck(Program& program) {
             "this problem.");
   }
   for (const char* const folder : kFolders)
-    StartStep(program, "IntegrityCheck",
-              [&] { MakeDirIfMissing(program, program.InFolder(folder)); });
+    Reported(program, {"modMain", "IntegrityCheck"},
+             [&] { MakeDirIfMissing(program, program.InFolder(folder)); });
 }
 
 }  // namespace corvel

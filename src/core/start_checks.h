@@ -3,6 +3,7 @@
 #pragma once
 
 #include "core/program.h"
+#include "core/report_error.h"
 
 #include <functional>
 #include <string>
@@ -10,9 +11,9 @@
 
 namespace corvel {
 
-// One step of the start. It goes on over a file or folder that can't be made; every other error is
-// reported.
-void StartStep(Program& program, const char* procedure, const std::function<void()>& body);
+// One step of Main. It goes on over a file or folder that can't be reached (error 75); every other
+// error is reported. What is no procedure of Main's own reports that one, too.
+void MainStep(Program& program, const ErrorPlace& place, const std::function<void()>& step);
 
 // Tells the user why the program does not start, and ends it.
 [[noreturn]] void RefuseStart(Program& program, const std::string& text);

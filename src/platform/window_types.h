@@ -60,6 +60,7 @@ inline constexpr MessageId kGetTextLength = 0x000E;
 inline constexpr MessageId kClose = 0x0010;
 inline constexpr MessageId kShowWindow = 0x0018;
 inline constexpr MessageId kNcDestroy = 0x0082;
+inline constexpr MessageId kEditSetSelection = 0x00B1;  // from wParam to lParam
 inline constexpr MessageId kKeyDown = 0x0100;
 inline constexpr MessageId kKeyUp = 0x0101;
 inline constexpr MessageId kChar = 0x0102;

@@ -10,12 +10,10 @@ namespace {
 
 constexpr LParam kMouseDoubleClick = 515, kMouseRightUp = 517;
 constexpr std::string_view kTrayTip = "Corvel 32 - Toolbar: Double-click; Menu: Right-click";
-constexpr std::string_view kManagerTitle = "Corvel IM Manager";
 // The client's commands that place its windows side by side or behind one another.
 constexpr std::uint32_t kTile = 1212, kCascade = 1213;
 // The program's rows in the client's Window menu, one for each window.
 constexpr std::uint32_t kLastWindowListId = 50;
-constexpr int kWindowMenu = 2;
 
 std::uint32_t CommandId(WParam wParam) { return static_cast<std::uint32_t>(wParam & 0xFFFF); }
 
@@ -108,12 +106,11 @@ void AccessModes::OnTray(LParam mouse) {
 
 void AccessModes::PopUpTrayMenu() {
   WindowSystem& windows = program_.platform.windows;
-  const Window modal = windows.Find("_AOL_MODAL", std::nullopt);
+  const Window modal = client_.ModalWindow();
   frmCV7* const central = Central();
   if (!central || (modal && windows.IsVisible(modal))) return;
-  const bool hasMainWindow = program_.g.AOLVer == "5" && program_.g.AOLLocale == locale::kUs;
-  if (!hasMainWindow) {
-    const Window welcome = client_.FindChildByTitle(program_.g.hMDI, "Welcome,");
+  if (!client_.HasMainWindow()) {
+    const Window welcome = client_.WelcomeWindow();
     const bool hidden = welcome && !windows.IsVisible(welcome);
     central->SetRowCaption(Command::kHideWelcome,
                            hidden ? "Show Welcome Window" : "Hide Welcome Window");
@@ -125,7 +122,7 @@ void AccessModes::PopUpTrayMenu() {
 
 void AccessModes::AddMenuToAOL() {
   client_menu::Remove(program_);  // an earlier one, perhaps left there by a crash
-  if (client_menu::Insert(program_)) return;
+  if (client_menu::Insert(program_, client_)) return;
   // Without any way to them the commands would be lost.
   if (frmCV7* const central = Central()) central->Show(false);
 }
@@ -149,22 +146,20 @@ void AccessModes::ClientFrameEvents::OnMessage(HookedMessage& message, forms::Su
 // The manager fills the client: arranging the other windows would only tear it from its place.
 bool AccessModes::TilesAroundManager(std::uint32_t id) {
   if (id != kTile && id != kCascade) return false;
-  const Window top = program_.platform.windows.TopChild(program_.g.hMDI);
-  return client_.GetCaptionText(top).find(kManagerTitle) != std::string::npos;
+  return bool(client_.ManagerOnTop());
 }
 
 // A row of the list reads "3 Caption": the caption names the window.
 void AccessModes::BringListedWindowUp(std::uint32_t id) {
   Menus& menus = program_.platform.menus;
   WindowSystem& windows = program_.platform.windows;
-  const MenuHandle menu = menus.SubMenu(menus.MenuOf(program_.g.hAOL), kWindowMenu);
+  const MenuHandle menu = client_.WindowMenu();
   for (int at = 0; at < menus.Count(menu); ++at) {
     if (menus.IdAt(menu, at) != id || id == 0) continue;
     const std::string text = menus.TextAt(menu, at);
     const auto blank = text.find(' ');
     if (blank == std::string::npos) return;
-    const Window window = windows.FindChild(program_.g.hMDI, {}, "AOL Child",
-                                            std::string_view(text).substr(blank + 1));
+    const Window window = client_.DocumentTitled(std::string_view(text).substr(blank + 1));
     if (windows.IsIconic(window)) windows.Show(window, show::kRestore);
     windows.BringToTop(window);
     return;

@@ -104,14 +104,13 @@ bool IsShown(const Program& program, const Row& row) {
 }
 
 bool CanBeChosen(const Program& program, Command command) {
-  const bool versionCan = command != Command::kFadeDesigner || program.g.IsVersion4Or5();
+  const bool versionCan = command != Command::kFadeDesigner || program.hub.client->CanFade();
   return versionCan && program.hub.commands.IsBuilt(command);
 }
 
 std::string CaptionOf(const Program& program, const Row& row) {
-  const bool hasMainWindow = program.g.AOLVer == "5" && program.g.AOLLocale == locale::kUs;
-  return row.command == Command::kHideWelcome && hasMainWindow ? "&Hide AOL Main Window"
-                                                               : row.caption;
+  const bool hides = row.command == Command::kHideWelcome;
+  return hides && program.hub.client->HasMainWindow() ? "&Hide AOL Main Window" : row.caption;
 }
 
 class Builder {
@@ -149,13 +148,6 @@ class Builder {
   Menus& menus_;
 };
 
-// Left of the client's Window and Help menus, whose number and neighbours differ by version.
-int Place(const Program& program, int count) {
-  const bool newer = program.g.IsVersion4Or5();
-  const int place = newer ? (count <= 6 ? 6 : 7) : (count <= 8 ? 8 : 9);
-  return std::min(place, count);
-}
-
 }  // namespace
 
 std::optional<Command> CommandOf(std::uint32_t id) {
@@ -164,14 +156,14 @@ std::optional<Command> CommandOf(std::uint32_t id) {
   return row ? row->command : std::nullopt;
 }
 
-bool Insert(Program& program) {
+bool Insert(Program& program, AolClient& client) {
   Menus& menus = program.platform.menus;
   const MenuHandle bar = menus.MenuOf(program.g.hAOL);
   const int count = menus.Count(bar);
   if (count < 0) return false;
   const MenuHandle popup = Builder(program).Popup(kRows);
-  if (!menus.Insert(bar, Place(program, count), menu_flag::kByPosition | menu_flag::kPopup, 0,
-                    popup, kCaption)) {
+  if (!menus.Insert(bar, client.PlaceOfOurMenu(count), menu_flag::kByPosition | menu_flag::kPopup,
+                    0, popup, kCaption)) {
     menus.Destroy(popup);
     return false;
   }

@@ -2,6 +2,7 @@
 // the client's window recognises.
 #pragma once
 
+#include "aolbridge/aolclient.h"
 #include "core/program.h"
 
 #include <cstdint>
@@ -19,7 +20,7 @@ std::optional<Command> CommandOf(std::uint32_t id);
 // Puts the menu among the client's own ones, where the version has its place for it. A row whose
 // command isn't in the hub, or that the client's version can't do, is greyed. False if the client
 // takes no menu.
-bool Insert(Program& program);
+bool Insert(Program& program, AolClient& client);
 // Takes it away again, wherever it stands. Nothing happens if it isn't there.
 void Remove(Program& program);
 // Gives the row of a command another caption.

@@ -4,6 +4,9 @@
 #include "wavlib/append_line.h"
 #include "wavlib/wav_name.h"
 
+#include <algorithm>
+#include <map>
+
 namespace corvel {
 namespace {
 
@@ -24,6 +27,19 @@ std::vector<FavWav> ParseFavWavs(std::string_view bytes) {
     if (tab != std::string_view::npos) wavs.push_back(FavWavOf(line, tab));
   }
   return wavs;
+}
+
+std::vector<int> RowsOf(const std::vector<FavWav>& these, const std::vector<FavWav>& all) {
+  std::map<FavWav, int> wanted;
+  for (const FavWav& wav : these) ++wanted[wav];
+  std::vector<int> rows;
+  for (std::size_t i = 0; i < all.size(); ++i) {
+    const auto found = wanted.find(all[i]);
+    if (found == wanted.end() || found->second == 0) continue;
+    --found->second;
+    rows.push_back(static_cast<int>(i));
+  }
+  return rows;
 }
 
 std::string FormatFavWav(const FavWav& wav) { return wav.name + '\t' + wav.path; }
@@ -56,10 +72,38 @@ std::string FavWavFile::Search(std::string_view wav) {
 
 void FavWavFile::Append(const FavWav& wav) { AppendLine(program_, Path(), FormatFavWav(wav)); }
 
-void FavWavFile::Save(const std::vector<FavWav>& wavs) {
+void FavWavFile::Remove(const std::vector<FavWav>& gone) {
+  std::vector<FavWav> wavs = Load();
+  const std::vector<int> rows = RowsOf(gone, wavs);
+  if (rows.empty()) return;
+  int at = 0;
+  auto row = rows.begin();
+  std::erase_if(wavs, [&](const FavWav&) {
+    if (row == rows.end() || *row != at++) return false;
+    ++row;
+    return true;
+  });
+  std::stable_sort(wavs.begin(), wavs.end(),
+                   [](const FavWav& a, const FavWav& b) { return LessNoCase(a.name, b.name); });
   std::string bytes;
   for (const FavWav& wav : wavs) bytes += FormatFavWav(wav) + "\r\n";
   program_.platform.files.Write(Path(), bytes);
+}
+
+bool FavWavFile::Follow(std::string_view oldPath, const FavWav& now) {
+  Files& files = program_.platform.files;
+  if (!files.Exists(Path())) return false;
+  const std::string old = files.Read(Path());
+  std::string bytes;
+  bool found = false;
+  for (const std::string_view line : Lines(old)) {
+    const auto tab = line.find('\t');
+    const bool isIt = tab != line.npos && EqualNoCase(line.substr(tab + 1), oldPath);
+    bytes.append(isIt ? FormatFavWav(now) : std::string(line)).append("\r\n");
+    found = found || isIt;
+  }
+  if (found) files.Write(Path(), bytes);
+  return found;
 }
 
 }  // namespace corvel

@@ -4,6 +4,7 @@
 
 #include "core/program.h"
 
+#include <compare>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,8 +14,11 @@ namespace corvel {
 struct FavWav {
   std::string name;  // as the list shows it, no ".wav"
   std::string path;  // whole, with ".wav"
-  friend bool operator==(const FavWav&, const FavWav&) = default;
+  friend auto operator<=>(const FavWav&, const FavWav&) = default;
 };
+
+// Where these stand among `all`: ascending, each of them once. What isn't there is left out.
+std::vector<int> RowsOf(const std::vector<FavWav>& these, const std::vector<FavWav>& all);
 
 // Reads older forms too, skips lines without a TAB; any bytes are taken.
 std::vector<FavWav> ParseFavWavs(std::string_view bytes);
@@ -35,7 +39,11 @@ class FavWavFile {
   std::vector<FavWav> Load();  // a missing file comes to exist, empty
   std::string Search(std::string_view wav);
   void Append(const FavWav& wav);
-  void Save(const std::vector<FavWav>& wavs);  // all lines anew
+  // Takes each of them away, and writes what is left in the order of the wav list.
+  void Remove(const std::vector<FavWav>& gone);
+  // The wav with this path (case ignored) is called otherwise or lies elsewhere now. Whatever else
+  // the file holds stays as it is. False: it is no FavWav.
+  bool Follow(std::string_view oldPath, const FavWav& now);
 
  private:
   std::string Path() const;

@@ -1,16 +1,17 @@
 // frmDescripAssign: the small dialog for one wav's name and description.
 #pragma once
 
-#include "core/program.h"
+#include "core/modal_form.h"
 #include "wavlib/wav_descriptions.h"
 
 #include <optional>
 
 namespace corvel {
 
-class frmDescripAssign : public ProgramForm {
+// Both texts, trimmed; nothing on Cancel, or if both are empty.
+class frmDescripAssign : public ModalForm<std::optional<Description>> {
  public:
-  explicit frmDescripAssign(Program& program);
+  frmDescripAssign(Program& program, const Description& preset);
 
   forms::Label lblWav, lblDescrip;
   forms::TextBox txtWav, txtDescrip;
@@ -18,15 +19,9 @@ class frmDescripAssign : public ProgramForm {
 
  protected:
   void Form_Load() override;
-  bool Form_QueryUnload(bool byUser) override;
 
  private:
-  void cmdCancel_Click();
+  void cmdOK_Click();
 };
-
-// Shows the dialog in front of `owner`, preloaded, and waits for it. Nothing if it was cancelled;
-// otherwise both texts, trimmed.
-std::optional<Description> AskDescription(Program& program, forms::Form& owner,
-                                          const Description& preset);
 
 }  // namespace corvel

@@ -9,12 +9,18 @@
 #include "wavlib/frmDescripAssign.h"
 #include "wavlib/list_output.h"
 
+#include <algorithm>
+#include <unordered_map>
+#include <utility>
+
 namespace corvel {
 namespace {
 
 // A row's columns are parted by TAB, so the texts can't hold one.
+std::string ColumnText(const std::string& text) { return Replaced(text, "\t", " "); }
+
 std::string RowText(const Description& record) {
-  return Replaced(record.name, "\t", " ") + '\t' + Replaced(record.text, "\t", " ");
+  return ColumnText(record.name) + '\t' + ColumnText(record.text);
 }
 
 std::string AlreadyExists(const std::string& name) {
@@ -57,22 +63,41 @@ void frmEditDesc::Form_Load() {
       {Stretch(Cell(ListView1, 56, 16)), Column({Cell(cmdNew), Cell(cmdEdit), Cell(cmdDel),
                                                  Cell(cmdPrint), Cell(cmdHelp), Cell(cmdExit)})}));
   Center();
-  LoadRows();
+  DescriptionIndex index;
+  for (const std::string& file : DescriptionFiles(program))
+    Reported(program, {"frmEditDesc", "Form_Load"},
+             [&] { index.Add(program.platform.files.Read(file)); });
+  ShowRecords(index.Records(), {});
+  if (ListView1.ListCount() > 0) ListView1.SetListIndex(0);
 }
 
-void frmEditDesc::LoadRows() {
-  Files& files = program.platform.files;
-  std::vector<std::string> rows;
-  for (const FoundFile& file : files.Search(program.InFolder("data\\desc*.dat"))) {
-    if ((file.attributes & file_attribute::kFolder) != 0) continue;
-    Reported(program, {"frmEditDesc", "Form_Load"}, [&] {
-      const std::string bytes = files.Read(program.InFolder("data\\" + file.name));
-      for (const Description& record : ParseDescriptions(bytes)) rows.push_back(RowText(record));
-    });
+void frmEditDesc::Refresh() {
+  DescriptionIndex index;
+  try {
+    for (const std::string& file : DescriptionFiles(program))
+      index.Add(program.platform.files.Read(file));
+  } catch (const RunTimeError&) {
+    return;  // the rows that stand are as good as any
   }
-  ListView1.SetItems(std::move(rows));
+  ShowRecords(index.Records(), CurrentName());
+}
+
+void frmEditDesc::ShowRecords(const std::vector<Description>& records, const std::string& current) {
+  std::unordered_map<std::string, std::size_t> places;
+  for (int row = 0; row < ListView1.ListCount(); ++row)
+    places.try_emplace(Lower(Row(row).name), places.size());
+  std::vector<std::pair<std::size_t, std::string>> rows;
+  for (const Description& record : records) {
+    const auto place = places.find(Lower(ColumnText(record.name)));
+    rows.emplace_back(place == places.end() ? places.size() : place->second, RowText(record));
+  }
+  std::stable_sort(rows.begin(), rows.end(),
+                   [](const auto& a, const auto& b) { return a.first < b.first; });
+  std::vector<std::string> texts;
+  for (auto& row : rows) texts.push_back(std::move(row.second));
+  ListView1.SetItems(std::move(texts));
   EnableButtons();
-  if (ListView1.ListCount() > 0) ListView1.SetListIndex(0);
+  ListView1.SetListIndex(RowOf(current));
 }
 
 void frmEditDesc::EnableButtons() {
@@ -86,9 +111,9 @@ Description frmEditDesc::Row(int row) const {
   return {ListView1.Cell(row, 0), ListView1.Cell(row, 1)};
 }
 
-int frmEditDesc::FindName(const std::string& name) const {
+int frmEditDesc::RowOf(std::string_view name) const {
   for (int row = 0; row < ListView1.ListCount(); ++row)
-    if (Trim(ListView1.Cell(row, 0)) == name) return row;
+    if (EqualNoCase(Trim(ListView1.Cell(row, 0)), Trim(name))) return row;
   return -1;
 }
 
@@ -102,33 +127,33 @@ bool frmEditDesc::IsUsable(const Description& record) {
 }
 
 void frmEditDesc::cmdNew_Click() {
-  const auto record = AskDescription(program, *this, {});
+  const auto record = Ask<frmDescripAssign>(program, this, Description{});
   if (!record || !IsUsable(*record)) return;
-  if (FindName(record->name) >= 0) {
+  if (Row(RowOf(record->name)).name == record->name) {
     PlainBox(program, AlreadyExists(record->name), style::kOk + style::kInformation);
     return;
   }
   if (!Reported(program, {"frmEditDesc", "cmdNew_Click"},
                 [&] { WriteDescription(program, *record); }))
     return;
-  ListView1.SetListIndex(ListView1.AddItem(RowText(*record)));
+  ListView1.AddItem(RowText(*record));
+  Refresh();
+  ListView1.SetListIndex(RowOf(record->name));
   ListView1.Sort();
-  EnableButtons();
 }
 
 void frmEditDesc::cmdEdit_Click() {
-  const int row = ListView1.ListIndex();
-  if (row < 0) return;
-  const std::string oldName = Row(row).name;
-  const auto record = AskDescription(program, *this, Row(row));
+  if (ListView1.ListIndex() < 0) return;
+  const Description old = Row(ListView1.ListIndex());
+  const auto record = Ask<frmDescripAssign>(program, this, old);
   if (!record || !IsUsable(*record)) return;
-  const int other = FindName(record->name);
-  if (other >= 0 && record->name != Trim(oldName)) {  // its description would be lost
+  // Under another's name it would take that one's place.
+  if (RowOf(record->name) >= 0 && !EqualNoCase(record->name, Trim(old.name))) {
     PlainBox(program, AlreadyExists(record->name), style::kOk + style::kInformation);
     return;
   }
   const bool written = Reported(program, {"frmEditDesc", "cmdEdit_Click"}, [&] {
-    const auto deleted = DeleteDescription(program, oldName);
+    const auto deleted = DeleteDescription(program, old.name);
     try {
       WriteDescription(program, *record);
     } catch (const RunTimeError&) {
@@ -136,13 +161,14 @@ void frmEditDesc::cmdEdit_Click() {
       throw;
     }
   });
-  if (written) ListView1.SetItem(row, RowText(*record));
+  if (!written) return;
+  ListView1.SetItem(RowOf(old.name), RowText(*record));
+  Refresh();
 }
 
 void frmEditDesc::cmdDel_Click() {
-  const int row = ListView1.ListIndex();
-  if (row < 0) return;
-  const std::string name = Row(row).name;
+  if (ListView1.ListIndex() < 0) return;
+  const std::string name = CurrentName();
   if (!AskYesNo(program,
                 "~B~CRDelete record?~B~CN~N ~NAre you sure you want to delete the record~B~CB " +
                     name + "~B~CN from your Wav Description queue?"))
@@ -150,8 +176,9 @@ void frmEditDesc::cmdDel_Click() {
   if (!Reported(program, {"frmEditDesc", "cmdDel_Click"},
                 [&] { DeleteDescription(program, name); }))
     return;
-  ListView1.RemoveItem(row);
+  ListView1.RemoveItem(RowOf(name));
   EnableButtons();
+  Refresh();
 }
 
 std::vector<Description> frmEditDesc::Records() const {
@@ -161,10 +188,11 @@ std::vector<Description> frmEditDesc::Records() const {
 }
 
 void frmEditDesc::PrintDescriptions() {
+  const std::vector<Description> records = Records();
   const auto font = AskRowFont(program);
   if (!font) return;
   Print(program, program.g.CurrentSN + "'s Wav Descriptions", [&](PrintJob& job) {
-    for (const Description& record : Records()) {
+    for (const Description& record : records) {
       job.Line(record.name, *font);
       job.Line(record.text, *font);
     }
@@ -181,13 +209,17 @@ void frmEditDesc::ListToEMail() {
 }
 
 void frmEditDesc::ListsToFile() {
+  const std::vector<Description> records = Records();
   const std::string path = AskTextFile(program, "Wav Descriptions", "Descriptions");
   if (path.empty()) return;
   std::string text;
-  for (const Description& record : Records())
-    text += record.name + "\r\n" + record.text + "\r\n\r\n";
+  for (const Description& record : records) text += record.name + "\r\n" + record.text + "\r\n\r\n";
   Reported(program, {"frmEditDesc", "ListsToFile"},
            [&] { program.platform.files.Write(path, text); });
+}
+
+void RefreshDescriptionEditor(Program& program) {
+  if (frmEditDesc* editor = program.forms.Loaded<frmEditDesc>()) editor->Refresh();
 }
 
 }  // namespace corvel

@@ -1,4 +1,5 @@
-// frmEditDesc: the editor of all wav descriptions.
+// frmEditDesc: the editor of all wav descriptions. Its rows are what the files hold, also when they
+// are changed elsewhere while it stands.
 #pragma once
 
 #include "aolbridge/aolclient.h"
@@ -16,6 +17,9 @@ class frmEditDesc : public ProgramForm {
   forms::Button cmdNew, cmdEdit, cmdDel, cmdPrint, cmdHelp, cmdExit;
   forms::Menu mnuPrintItem;
 
+  // Reads the files again. Rows keep their places, new ones come last; the current one stays.
+  void Refresh();
+
  protected:
   void Form_Load() override;
 
@@ -24,11 +28,12 @@ class frmEditDesc : public ProgramForm {
   void cmdEdit_Click();
   void cmdDel_Click();
 
-  void LoadRows();
   void EnableButtons();
+  void ShowRecords(const std::vector<Description>& records, const std::string& current);
   Description Row(int row) const;
-  int FindName(const std::string& name) const;  // -1: no such row
-  bool IsUsable(const Description& record);     // tells the user if not
+  std::string CurrentName() const { return Row(ListView1.ListIndex()).name; }
+  int RowOf(std::string_view name) const;    // case ignored; -1: none
+  bool IsUsable(const Description& record);  // tells the user if not
   std::vector<Description> Records() const;
 
   void PrintDescriptions();
@@ -37,5 +42,8 @@ class frmEditDesc : public ProgramForm {
 
   AolClient& client_;
 };
+
+// Tells the editor, if it stands, that descriptions have changed.
+void RefreshDescriptionEditor(Program& program);
 
 }  // namespace corvel

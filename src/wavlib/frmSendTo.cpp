@@ -6,10 +6,10 @@
 
 namespace corvel {
 
-frmSendTo::frmSendTo(Program& program)
-    : ProgramForm(program, "frmSendTo", "Move Selected Wav"),
-      lblWavFile(*this, "lblWavFile"),
-      lblWav(*this, "lblWav"),
+frmSendTo::frmSendTo(Program& p, const std::string& path, const std::string& name)
+    : ModalForm(p, "frmSendTo", "Move Selected Wav", {}),
+      lblWavFile(*this, "lblWavFile", path),
+      lblWav(*this, "lblWav", name),
       lblTarget(*this, "lblTarget", "&Send to folder:"),
       txtHistory(*this, "txtHistory"),
       cmdBrowse(*this, "cmdBrowse", "&Browse..."),
@@ -21,16 +21,11 @@ frmSendTo::frmSendTo(Program& program)
   lblWavFile.SetMnemonic(false);
   optCopy.SetValue(true);
   txtHistory.SetAccessibleName("Target folder");
-  txtHistory.onKey = [this](Key key) {
-    if (key != Key::kEnter) return false;
-    Hide();
-    return true;
-  };
   cmdBrowse.onClick = [this] { cmdBrowse_Click(); };
   cmdOK.SetDefault(true);
-  cmdOK.onClick = [this] { Hide(); };
+  cmdOK.onClick = [this] { Answer({Trim(txtHistory.Text()), optMove.Value()}); };
   cmdCancel.SetCancel(true);
-  cmdCancel.onClick = [this] { cmdCancel_Click(); };
+  cmdCancel.onClick = [this] { Cancel(); };
 }
 
 void frmSendTo::Form_Load() {
@@ -43,20 +38,9 @@ void frmSendTo::Form_Load() {
                        Cell(cmdCancel, 10)})}));
 }
 
-// The frame's close box is a way to cancel; whoever waits reads the box and unloads the window.
-bool frmSendTo::Form_QueryUnload(bool byUser) {
-  if (byUser) cmdCancel_Click();
-  return !byUser;
-}
-
 void frmSendTo::cmdBrowse_Click() {
   const std::string folder = SaveDialog(program, Handle(), "WAV Files", "*.wav");
   if (!folder.empty()) txtHistory.SetText(folder);
-}
-
-void frmSendTo::cmdCancel_Click() {
-  txtHistory.SetText("");
-  Hide();
 }
 
 }  // namespace corvel

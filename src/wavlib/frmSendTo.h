@@ -1,27 +1,32 @@
 // frmSendTo: asks where to copy or move a wav.
 #pragma once
 
-#include "core/program.h"
+#include "core/modal_form.h"
+
+#include <string>
 
 namespace corvel {
 
-class frmSendTo : public ProgramForm {
+struct SendTarget {
+  std::string folder;  // "": given up
+  bool move = false;
+};
+
+class frmSendTo : public ModalForm<SendTarget> {
  public:
-  explicit frmSendTo(Program& program);
+  frmSendTo(Program& program, const std::string& path, const std::string& name);
 
   forms::Label lblWavFile, lblWav, lblTarget;
-  forms::TextBox txtHistory;  // the target folder; empty once the window is hidden: cancelled
+  forms::TextBox txtHistory;  // the target folder
   forms::Button cmdBrowse;
   forms::OptionButton optCopy, optMove;
   forms::Button cmdOK, cmdCancel;
 
  protected:
   void Form_Load() override;
-  bool Form_QueryUnload(bool byUser) override;
 
  private:
   void cmdBrowse_Click();
-  void cmdCancel_Click();
 };
 
 }  // namespace corvel

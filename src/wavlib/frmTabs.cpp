@@ -21,7 +21,7 @@ constexpr const char* kWavListSection = "Wav List";
 
 }  // namespace
 
-frmTabs::frmTabs(Program& program, AolClient& client, Fader& fader)
+frmTabs::frmTabs(Program& program, AolClient& client, RoomVoice& voice)
     : ProgramForm(program, "frmTabs", "Wav List"),
       cboList(*this, "cboList"),
       cmdMin(*this, "cmdMin", "Min"),
@@ -57,7 +57,7 @@ frmTabs::frmTabs(Program& program, AolClient& client, Fader& fader)
               MenuItem(WavRow::kMove, "Move Selected Wav", [this] { SendCurrentTo(); }),
               MenuItem(WavRow::kFavWavSeparator, "-", {}),
               MenuItem(WavRow::kAddFavWav, "Add to FavWav List",
-                       [this] { AddFavWavPath(CurrentPath()); }),
+                       [this] { AddFavWavPath(Current().path); }),
               GreyedItem("View Wav Properties")}),
       mnuFavWav("mnuFavWav", "",
                 {MenuItem("Add a FavWav", [this] { AddFavWav(); }),
@@ -68,7 +68,7 @@ frmTabs::frmTabs(Program& program, AolClient& client, Fader& fader)
            MenuItem("Print to E-Mail", [this] { PrintToEMail(this->program, client_, Listing()); }),
            MenuItem("Print to File", [this] { PrintToFile(this->program, Listing()); })}),
       client_(client),
-      sender_(program, client, fader),
+      sender_(program, client, voice),
       favWavs_(program) {
   ConnectButtons();
 }
@@ -103,7 +103,7 @@ void frmTabs::ConnectButtons() {
   }
   // Here and not with the rest of the start-up, which can wait for the user in the middle.
   const bool hasPanel = program.hub.commands.IsBuilt(Command::kFadeDesigner);
-  cmdFadeWav.SetEnabled(program.g.IsVersion4Or5() && hasPanel);
+  cmdFadeWav.SetEnabled(client_.CanFade() && hasPanel);
   if (!hasPanel) cmdFadeWav.SetToolTip(kNotBuiltTip);
 }
 
@@ -147,7 +147,7 @@ void frmTabs::StartUp() {
   SetOwner(program.g.hAOL);
   randomGarland_ = program.store.ReadKey("Garland", "Random") == "Yes";
   if (randomGarland_) LoadGarlands();
-  if (lstWav.ListCount() > 0) SelectRow(0);
+  if (lstWav.ListIndex() < 0) SelectRow(0);
 }
 
 void frmTabs::SelectDefaultCategory() {
@@ -189,12 +189,13 @@ void frmTabs::cmdMin_Click() {
 
 void frmTabs::cboList_Click() {
   const std::string name = cboList.Text();
+  // Before anything waits: a later choice, made in that wait, is the one that is to be kept then.
+  program.store.WriteKey(kWavListSection, "Default Category", name);
   if (name == kFavWavs)
     ShowFavWavs();
   else
     ShowCategory(name);
   WriteCount();
-  program.store.WriteKey(kWavListSection, "Default Category", name);
 }
 
 void frmTabs::ShowCategory(const std::string& name) {
@@ -216,7 +217,10 @@ void frmTabs::ShowFavWavs() {
   lstWav.Clear();
   List3.Clear();
   std::vector<FavWav> wavs;
-  favWavsRead_ = Reported(program, {"frmTabs", "cboList_Click"}, [&] { wavs = favWavs_.Load(); });
+  const bool read =
+      Reported(program, {"frmTabs", "cboList_Click"}, [&] { wavs = favWavs_.Load(); });
+  if (!read || !IsLoaded() || !InFavWavs) return;
+  favWavsRead_ = true;
   std::vector<std::string> names, paths;
   for (FavWav& wav : wavs) names.push_back(std::move(wav.name));
   for (const std::size_t i : lstWav.SetItems(std::move(names)))
@@ -224,13 +228,15 @@ void frmTabs::ShowFavWavs() {
   List3.SetItems(std::move(paths));
 }
 
-void frmTabs::LoadWavList() {
+bool frmTabs::LoadWavList() {
   lstWav.Clear();
+  const std::string folder = lblpath.Caption();
   const bool hideClientSounds =
       program.settings.WavList.NoAOLWavs && Lower(cboList.Text()) == "aol directory";
-  Reported(
+  std::vector<std::string> names;
+  const bool read = Reported(
       program, {"frmTabs", "LoadWavList"},
-      [&] { lstWav.SetItems(WavsIn(program, lblpath.Caption(), hideClientSounds)); },
+      [&] { names = WavsIn(program, folder, hideClientSounds); },
       [&](const RunTimeError& error) {
         if (error.Number() != err::kPathNotFound) return false;
         MsgBoxEx(program,
@@ -239,6 +245,18 @@ void frmTabs::LoadWavList() {
                  style::kOk + style::kExclamation);
         return true;
       });
+  if (!Shows(folder)) return false;
+  if (read) lstWav.SetItems(std::move(names));
+  return true;
+}
+
+bool frmTabs::Shows(const std::string& folder) const {
+  return IsLoaded() && !InFavWavs && lblpath.Caption() == folder;
+}
+
+frmTabs* frmTabs::StandingAt(const std::string& folder) const {
+  frmTabs* const list = Standing();
+  return list && list->Shows(folder) ? list : nullptr;
 }
 
 void frmTabs::WriteCount() {
@@ -247,7 +265,7 @@ void frmTabs::WriteCount() {
 
 void frmTabs::Refresh() {
   const int row = lstWav.ListIndex();
-  LoadWavList();
+  if (!LoadWavList()) return;
   WriteCount();
   SelectRow(row);
 }
@@ -266,9 +284,10 @@ void frmTabs::SelectCategoryQuietly(int row) {
   cboList.onClick = onClick;
 }
 
-std::string frmTabs::CurrentPath() const {
-  if (InFavWavs) return List3.List(lstWav.ListIndex());
-  return lblpath.Caption() + "\\" + lstWav.Text() + ".wav";
+ListedWav frmTabs::Current() const {
+  const std::string folder = lblpath.Caption(), name = lstWav.Text();
+  if (InFavWavs) return {"", name, List3.List(lstWav.ListIndex())};
+  return {folder, name, folder + "\\" + name + ".wav"};
 }
 
 }  // namespace corvel

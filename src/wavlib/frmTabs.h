@@ -3,13 +3,17 @@
 //
 // The window's own working stands in frmTabs.cpp, the procedures of its buttons and menus in
 // frmTabs_events.cpp.
+//
+// Whatever asks the user waits, and meanwhile he can go to another category, or close this window
+// and open a new one. So a procedure takes by value what it works on before it asks (ListedWav),
+// and afterwards changes only a list that still shows that, which may be another object than this.
 #pragma once
 
 #include "aolbridge/aolclient.h"
 #include "core/program.h"
-#include "fader/modFade.h"
 #include "forms/menu.h"
 #include "wavlib/fav_wavs.h"
+#include "wavlib/wav_files.h"
 #include "wavlib/wav_printing.h"
 #include "wavlib/wav_sending.h"
 
@@ -23,7 +27,7 @@ enum class WavRow { kDescriptions = 1, kDelete, kRename, kMove, kFavWavSeparator
 
 class frmTabs : public ProgramForm {
  public:
-  frmTabs(Program& program, AolClient& client, Fader& fader);
+  frmTabs(Program& program, AolClient& client, RoomVoice& voice);
 
   bool InFavWavs = false;
 
@@ -42,8 +46,9 @@ class frmTabs : public ProgramForm {
 
   // Shows the selected entry of cboList.
   void cboList_Click();
-  // Reads the folder in lblpath anew.
-  void LoadWavList();
+  // Reads the folder in lblpath anew. False if the list shows something else by now: an error
+  // waits.
+  bool LoadWavList();
   // The whole send of the current row, as the button does it.
   void cmdSend_Click();
 
@@ -65,7 +70,12 @@ class frmTabs : public ProgramForm {
   void Refresh();
   void SelectRow(int row);
   void SelectCategoryQuietly(int row);
-  std::string CurrentPath() const;  // of the current row's file
+  ListedWav Current() const;  // the wav of the current row
+  // The list that stands now, this or a later one; null if none does.
+  frmTabs* Standing() const { return program.forms.Loaded<frmTabs>(); }
+  // The same, if it shows this folder.
+  frmTabs* StandingAt(const std::string& folder) const;
+  bool Shows(const std::string& folder) const;
   bool Folded() const { return cmdMin.Caption() == "Max"; }
   void cmdMin_Click();
 
@@ -73,6 +83,11 @@ class frmTabs : public ProgramForm {
   void cmdNewCat_Click();
   void cmdEditCat_Click();
   void cmdDelCat_Click();
+  std::string AskFolder();
+  bool HasCategory(const std::string& name) const;
+  void ShowNewEntry(const std::string& name);
+  void RenameEntry(const std::string& oldName, const std::string& name);
+  void RemoveEntry(const std::string& name);
 
   // --- Wavs and FavWavs
   void lstWav_Click();
@@ -86,8 +101,10 @@ class frmTabs : public ProgramForm {
   void AddFavWav();
   void AddFavWavPath(const std::string& path);
   void DelFavWav();
-  bool EnsureFavWavsRead();
-  std::vector<FavWav> FavWavsShown() const;
+  void AppendFavWav(const FavWav& wav);
+  bool RemoveFavWavs(const std::vector<FavWav>& gone);  // true if this list shows that
+  void DropRows(const std::vector<FavWav>& gone);
+  void RefreshFavWavs();
 
   // --- Sending and descriptions
   void SendCurrentToText();
@@ -100,7 +117,7 @@ class frmTabs : public ProgramForm {
   AolClient& client_;
   WavSender sender_;
   FavWavFile favWavs_;
-  bool favWavsRead_ = false;  // the rows are the file's: only then may it be written from them
+  bool favWavsRead_ = false;  // the rows are those of favwavs.dat
   bool randomGarland_ = false;
 };
 

@@ -4,11 +4,13 @@
 #include "core/helpers.h"
 #include "core/report_error.h"
 #include "wavlib/frmDescrip.h"
+#include "wavlib/frmEditDesc.h"
 #include "wavlib/frmTabs.h"
 #include "wavlib/path_check.h"
 #include "wavlib/wav_categories.h"
 #include "wavlib/wav_descriptions.h"
 #include "wavlib/wav_files.h"
+#include "wavlib/wav_following.h"
 #include "wavlib/wav_name.h"
 
 #include <algorithm>
@@ -17,8 +19,22 @@ namespace corvel {
 
 // --- Categories ----------------------------------------------------------------------------------
 
-void frmTabs::cmdNewCat_Click() {
+// The chooser is in front of this window, which takes no clicks meanwhile.
+std::string frmTabs::AskFolder() {
+  SetEnabled(false);
   const std::string folder = Lower(ChooseFolder(program, WavFolderQuestion()));
+  SetEnabled(true);
+  return folder;
+}
+
+bool frmTabs::HasCategory(const std::string& name) const {
+  if (const frmTabs* list = Standing()) return list->cboList.FindExact(name) >= 0;
+  const auto names = CategoryNames(program);
+  return name == kFavWavs || std::find(names.begin(), names.end(), name) != names.end();
+}
+
+void frmTabs::cmdNewCat_Click() {
+  const std::string folder = AskFolder();
   if (folder.empty()) return;
   const std::string name = InputBoxEx(
       program,
@@ -26,7 +42,7 @@ void frmTabs::cmdNewCat_Click() {
       "~B~CB" +
           folder);
   if (name.empty()) return;
-  if (cboList.FindExact(name) >= 0) {
+  if (HasCategory(name)) {
     MsgBoxEx(program,
              "~B~CRCategory name already exists!~B~CN~N ~NPlease choose another name for this Wav "
              "Category.",
@@ -36,10 +52,14 @@ void frmTabs::cmdNewCat_Click() {
   if (!Reported(program, {"frmTabs", "cmdNewCat_Click"},
                 [&] { WriteCategory(program, name, folder); }))
     return;
+  if (frmTabs* list = Standing()) list->ShowNewEntry(name);
+  CheckPath(program, name);
+}
+
+void frmTabs::ShowNewEntry(const std::string& name) {
   cboList.AddItem(name, cboList.ListCount() - 1);
   SelectCategoryQuietly(cboList.FindString(-1, name));
   cboList_Click();
-  CheckPath(program, name);
 }
 
 void frmTabs::cmdEditCat_Click() {
@@ -61,14 +81,20 @@ void frmTabs::cmdEditCat_Click() {
                 [&] { WriteCategory(program, name, folder); }))
     return;
   program.store.DeleteValue("Categories", oldName);
+  if (frmTabs* list = Standing()) list->RenameEntry(oldName, name);
+}
+
+void frmTabs::RenameEntry(const std::string& oldName, const std::string& name) {
+  const bool shown = cboList.Text() == oldName;
   cboList.RemoveItem(cboList.FindExact(oldName));
-  SelectCategoryQuietly(cboList.AddItem(name, cboList.ListCount() - 1));
+  const int row = cboList.AddItem(name, cboList.ListCount() - 1);
+  if (!shown) return;
+  SelectCategoryQuietly(row);
   program.store.WriteKey("Wav List", "Default Category", name);
 }
 
 void frmTabs::cmdDelCat_Click() {
-  const int row = cboList.ListIndex();
-  if (row < 0) {
+  if (cboList.ListIndex() < 0) {
     MsgBoxEx(program,
              "~B~CRNo Category has been selected for deletion.~B~CN~N ~NPlese select a category "
              "before attemping this function.",
@@ -81,14 +107,16 @@ void frmTabs::cmdDelCat_Click() {
                              "wish to proceed?"))
     return;
   program.store.DeleteValue("Categories", name);
+  if (frmTabs* list = Standing()) list->RemoveEntry(name);
+}
+
+// A category that isn't the one in the list goes without a trace.
+void frmTabs::RemoveEntry(const std::string& name) {
+  const bool shown = cboList.Text() == name;
   cboList.RemoveItem(cboList.FindExact(name));
-  if (cboList.ListCount() > 0) {
-    SelectCategoryQuietly(0);
-    cboList_Click();
-  } else {
-    lstWav.Clear();
-    List3.Clear();
-  }
+  if (!shown) return;
+  SelectCategoryQuietly(0);
+  cboList_Click();
 }
 
 // --- Wavs and FavWavs ----------------------------------------------------------------------------
@@ -110,12 +138,8 @@ void frmTabs::lstWav_DblClick() {
     PreviewWav();
     return;
   }
-  WindowSystem& windows = program.platform.windows;
-  const Window top = windows.TopChild(program.g.hMDI);
-  const std::string title = client_.GetCaptionText(top);
-  const auto holds = [&](std::string_view part) { return title.find(part) != std::string::npos; };
-  if (program.g.hChatRoom || sender_.ComposeWindowByTitle() || sender_.NewIMWindow() ||
-      holds("Instant Message From:") || (holds("Corvel IM Manager") && windows.IsVisible(top)))
+  if (program.g.hChatRoom || client_.WriteMailByTitle() || client_.NewIMWindow() ||
+      client_.IMFromSomebodyOnTop() || program.platform.windows.IsVisible(client_.ManagerOnTop()))
     cmdSend_Click();
   else
     PreviewWav();
@@ -134,40 +158,53 @@ void frmTabs::lstWav_RightClick() {
 
 void frmTabs::PreviewWav() {
   if (lstWav.ListIndex() < 0) return;
-  const std::string path = CurrentPath();
-  if (!InFavWavs || FileExists(program, path)) {
-    program.platform.sound.Play(path, sound_flag::kAsync);
+  const ListedWav wav = Current();
+  if (!InFavWavs || FileExists(program, wav.path)) {
+    program.platform.sound.Play(wav.path, sound_flag::kAsync);
     return;
   }
-  if (AskYesNo(program, "The following FavWav path~B " + path +
+  if (AskYesNo(program, "The following FavWav path~B " + wav.path +
                             " ~Bis no longer valid.~N ~NWould you like to remove this FavWav?"))
-    DelFavWav();
+    RemoveFavWavs({{wav.name, wav.path}});
 }
 
 void frmTabs::cmdDel_Click() {
-  const int row = lstWav.ListIndex();
-  if (row < 0) {
+  if (lstWav.ListIndex() < 0) {
     MsgBoxEx(program,
              "~B~CRNo wav has been selected for deletion.~B~CN~N ~NPlease select a wav in the wav "
              "list box before attempting to use this function.",
              style::kOk + style::kExclamation);
     return;
   }
-  if (InFavWavs)
+  if (InFavWavs) {
     DelFavWav();
-  else if (DeleteWav(program, Handle(), CurrentPath()))
-    cmdFav_Click();
-  SelectRow(row);
+    return;
+  }
+  const ListedWav wav = Current();
+  if (!DeleteWav(program, Handle(), wav.path)) return;
+  if (frmTabs* list = StandingAt(wav.folder)) list->Refresh();
 }
 
 void frmTabs::RenameCurrent() {
-  if (!RenameWav(program, lblpath.Caption(), lstWav.Text())) return;
-  LoadWavList();
-  WriteCount();
+  const ListedWav wav = Current();
+  const auto newName = RenameWav(program, wav);
+  if (!newName) return;
+  FollowRename(program, wav, *newName);
+  RefreshFavWavs();
+  frmTabs* const list = StandingAt(wav.folder);
+  if (!list) return;
+  list->Refresh();
+  const int row = list->lstWav.FindExact(Lower(*newName));
+  if (row >= 0 && list->Shows(wav.folder)) list->SelectRow(row);
 }
 
 void frmTabs::SendCurrentTo() {
-  if (SendWavTo(program, *this, CurrentPath(), lstWav.Text())) Refresh();
+  const ListedWav wav = Current();
+  const auto path = SendWavTo(program, *this, wav);
+  if (!path) return;
+  FollowMove(program, wav, *path);
+  RefreshFavWavs();
+  if (frmTabs* list = StandingAt(wav.folder)) list->Refresh();
 }
 
 void frmTabs::cmdFav_Click() {
@@ -175,12 +212,6 @@ void frmTabs::cmdFav_Click() {
     PopupMenu(mnuFavWav);
   else
     Refresh();
-}
-
-// After a failed reading the rows aren't the file's: it is read again before it is changed.
-bool frmTabs::EnsureFavWavsRead() {
-  if (InFavWavs && !favWavsRead_) cboList_Click();
-  return favWavsRead_;
 }
 
 void frmTabs::AddFavWav() {
@@ -191,44 +222,63 @@ void frmTabs::AddFavWav() {
   cmdClose.SetEnabled(false);
   const std::string path = OpenDialog(program, Handle(), "WAV Files", "*.wav", 1);
   cmdClose.SetEnabled(true);
-  if (path.empty() || !EnsureFavWavsRead()) return;  // read, and still shown
-  const std::string fileName = FileNameOf(path);
-  if (List3.FindExact(Lower(path)) >= 0) {
+  if (path.empty()) return;
+  std::vector<FavWav> known;
+  if (!Reported(program, {"frmTabs", "AddFavWav"}, [&] { known = favWavs_.Load(); })) return;
+  const std::string fileName = FileNameOf(path), lower = Lower(path);
+  if (std::any_of(known.begin(), known.end(),
+                  [&](const FavWav& wav) { return wav.path == lower; })) {
     MsgBoxEx(program, "The ~B~CR" + fileName + "~B~CN file in ~B~CB" + Lower(FolderOf(path)) +
                           "~B~CN already exists in your FavWavs category!");
     return;
   }
-  const FavWav wav{std::string(WithoutExtension(Lower(fileName))), Lower(path)};
-  if (!Reported(program, {"frmTabs", "AddFavWav"}, [&] { favWavs_.Append(wav); })) return;
-  List3.AddItem(wav.path, lstWav.AddItem(wav.name));
-  WriteCount();
+  AppendFavWav({Lower(WithoutExtension(fileName)), lower});
 }
 
 void frmTabs::AddFavWavPath(const std::string& path) {
-  Reported(program, {"frmTabs", "AddFavWavPath"}, [&] {
-    favWavs_.Append({Lower(lstWav.Text()), Lower(path)});
-  });
+  AppendFavWav({Lower(WithoutExtension(FileNameOf(path))), Lower(path)});
 }
 
-std::vector<FavWav> frmTabs::FavWavsShown() const {
-  std::vector<FavWav> wavs;
-  for (int row = 0; row < lstWav.ListCount(); ++row)
-    wavs.push_back({lstWav.List(row), List3.List(row)});
-  return wavs;
+void frmTabs::AppendFavWav(const FavWav& wav) {
+  if (!Reported(program, {"frmTabs", "AddFavWavPath"}, [&] { favWavs_.Append(wav); })) return;
+  frmTabs* const list = Standing();
+  if (!list || !list->InFavWavs) return;
+  if (!list->favWavsRead_) return list->RefreshFavWavs();
+  list->List3.AddItem(wav.path, list->lstWav.AddItem(wav.name));
+  list->WriteCount();
 }
 
 void frmTabs::DelFavWav() {
-  const std::vector<int> rows = lstWav.SelectedRows();
-  if (!favWavsRead_ || rows.empty()) return;
-  std::vector<FavWav> left = FavWavsShown();
-  std::vector<bool> goes(left.size());
-  for (const int row : rows) goes[static_cast<std::size_t>(row)] = true;
-  std::size_t at = 0;
-  std::erase_if(left, [&](const FavWav&) { return goes[at++]; });
-  if (!Reported(program, {"frmTabs", "DelFavWav"}, [&] { favWavs_.Save(left); })) return;
+  const int current = lstWav.ListIndex();
+  std::vector<FavWav> gone;
+  for (const int row : lstWav.SelectedRows()) gone.push_back({lstWav.List(row), List3.List(row)});
+  if (!gone.empty() && RemoveFavWavs(gone)) SelectRow(current);
+}
+
+bool frmTabs::RemoveFavWavs(const std::vector<FavWav>& gone) {
+  if (!Reported(program, {"frmTabs", "DelFavWav"}, [&] { favWavs_.Remove(gone); })) return false;
+  frmTabs* const list = Standing();
+  if (!list || !list->InFavWavs) return false;
+  list->DropRows(gone);
+  return list == this;
+}
+
+void frmTabs::DropRows(const std::vector<FavWav>& gone) {
+  std::vector<FavWav> shown;
+  for (int row = 0; row < lstWav.ListCount(); ++row)
+    shown.push_back({lstWav.List(row), List3.List(row)});
+  const std::vector<int> rows = RowsOf(gone, shown);
   lstWav.RemoveRows(rows);
   List3.RemoveRows(rows);
   WriteCount();
+}
+
+// Behind a change of the file elsewhere: rows that aren't the file's any more must not stand.
+void frmTabs::RefreshFavWavs() {
+  frmTabs* const list = Standing();
+  if (!list || !list->InFavWavs) return;
+  list->ShowFavWavs();
+  list->WriteCount();
 }
 
 // --- Sending and descriptions --------------------------------------------------------------------
@@ -246,7 +296,7 @@ void frmTabs::cmdSend_Click() {
 }
 
 void frmTabs::SendCurrentToText() {
-  sender_.SendWavToText(InFavWavs ? std::string(WithoutExtension(FileNameOf(CurrentPath())))
+  sender_.SendWavToText(InFavWavs ? std::string(WithoutExtension(FileNameOf(Current().path)))
                                   : lstWav.Text());
 }
 
@@ -255,7 +305,7 @@ void frmTabs::chkGarland_Click() {
 }
 
 void frmTabs::cmdFadeWav_Click() {
-  if (!program.g.IsVersion4Or5()) {
+  if (!client_.CanFade()) {
     MsgBoxEx(program,
              "~B~CRAOL 4.0 not found!~B~CN~N ~NThe ~B~CBFadeWav~B~CN feature requires ~B~CBAOL "
              "4.0~B~CN and is not available with AOL 3.0",
@@ -289,7 +339,10 @@ void frmTabs::EditWavDescrip() {
         WriteDescription(program, {name, text});
       }))
     return;
-  if (frmDescrip* window = program.forms.Loaded<frmDescrip>()) window->lblDes.SetCaption(text);
+  RefreshDescriptionEditor(program);
+  const frmTabs* const list = Standing();
+  frmDescrip* const window = program.forms.Loaded<frmDescrip>();
+  if (window && list && list->lstWav.Text() == name) window->lblDes.SetCaption(text);
 }
 
 void frmTabs::ToggleDescrip() {

@@ -1,5 +1,6 @@
 #include "wavlib/list_output.h"
 
+#include "base/file_name.h"
 #include "core/dialogs.h"
 #include "core/helpers.h"
 
@@ -36,7 +37,7 @@ void ComposeMail(Program& program, AolClient& client, const std::string& subject
                  const std::string& body) {
   WindowSystem& windows = program.platform.windows;
   const Window mail = client.AOLOpenEMail("", false);
-  const Window text = mail ? client.WaitChildByClass(mail, "RICHCNTL") : Window{};
+  const Window text = mail ? client.WaitForBody(mail) : Window{};
   if (!text) {
     MsgBoxEx(program,
              "~B~CRCorvel was unable to open an E-Mail window.~B~CN~N ~NPlease open an E-Mail by "
@@ -44,14 +45,23 @@ void ComposeMail(Program& program, AolClient& client, const std::string& subject
              style::kOk + style::kExclamation);
     return;
   }
-  constexpr int kSubject = 3;  // behind the two boxes for names
-  windows.SendText(client.FindChildByClass(mail, "_AOL_EDIT", kSubject), wm::kSetText, 0, subject);
+  windows.SendText(client.PartsOfMail(mail).subject, wm::kSetText, 0, subject);
   windows.SendText(text, wm::kSetText, 0, body);
 }
 
 std::string MailHead(const std::string& screenName, const std::string& contents) {
   return "<HTML><PRE><B>" + std::string(kTitle) + "</B> for <I>" + screenName + "</I>\r\n" +
          contents + "\r\n" + std::string(62, '_') + "\r\n\r\n";
+}
+
+bool CanBeFileName(Program& program, const std::string& name) {
+  if (IsFileName(name)) return true;
+  MsgBoxEx(program,
+           "~B~CRA file cannot have the name ~B~CB" + name +
+               "~B~CN.~N ~NPlease enter a name without a path, and without any of these "
+               "characters: ~B\\ / : * ? \" < > |~B",
+           style::kOk + style::kExclamation);
+  return false;
 }
 
 std::string AskTextFile(Program& program, std::string_view what, std::string_view preset) {
@@ -64,6 +74,7 @@ std::string AskTextFile(Program& program, std::string_view what, std::string_vie
   for (;;) {
     const std::string name = InputBoxEx(program, question, preset);
     if (name.empty()) return {};
+    if (!CanBeFileName(program, name)) continue;
     const std::string path = folder + "\\" + name + ".txt";
     if (!FileExists(program, path) ||
         AskYesNo(program, "~B~CRFile already exists!~B~CN~N ~NThe filename ~B~CB" + name +

@@ -29,8 +29,12 @@ void ComposeMail(Program& program, AolClient& client, const std::string& subject
 std::string MailHead(const std::string& screenName, const std::string& contents);
 inline constexpr std::string_view kMailEnd = "</PRE></HTML>";
 
-// Asks for the name of a text file in the client's folder, again while the user won't overwrite one
-// that exists. The path, or "" if he gives up.
+// Whether a file of a folder can have this name, as it is or with an extension behind. Tells the
+// user if not.
+bool CanBeFileName(Program& program, const std::string& name);
+
+// Asks for the name of a text file in the client's folder, again while it can't be one or the user
+// won't overwrite one that exists. The path, or "" if he gives up.
 std::string AskTextFile(Program& program, std::string_view what, std::string_view preset);
 
 }  // namespace corvel

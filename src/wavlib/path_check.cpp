@@ -55,7 +55,7 @@ bool IsOnPath(std::string_view autoexec, std::string_view shortFolder) {
 }
 
 void CheckPath(Program& program, const std::string& category) {
-  const std::string folder = ShortFileName(program, CategoryFolder(program, category));
+  const std::string folder = ShortFileName(program, StoredFolder(program, category));
   bool found = false;
   const bool read = Reported(program, {"frmTabs", "cmdNewCat_Click"},
                              [&] { found = StandsOnPath(program, folder); });

@@ -24,9 +24,13 @@ std::vector<std::string> CategoryNames(Program& program) {
 std::string CategoryFolder(Program& program, std::string_view name) {
   if (name == kAolDirectory) return Lower(program.g.AOLPath);
   if (name == kWindowsDirectory) return Lower(program.g.WinDir);
-  std::string folder = program.store.ReadKey(kCategoriesSection, name);
+  std::string folder = StoredFolder(program, name);
   if (folder.ends_with('\\')) folder.pop_back();
   return Lower(folder);
+}
+
+std::string StoredFolder(Program& program, std::string_view name) {
+  return program.store.ReadKey(kCategoriesSection, name);
 }
 
 void WriteCategory(Program& program, std::string_view name, std::string_view folder) {

@@ -21,6 +21,9 @@ std::vector<std::string> CategoryNames(Program& program);
 // A category's folder in lower case, without a trailing backslash. "" if there is no such category.
 std::string CategoryFolder(Program& program, std::string_view name);
 
+// What the settings hold for it, as it is written there.
+std::string StoredFolder(Program& program, std::string_view name);
+
 // Throws RunTimeError (75) if the settings can't be written: whoever is about to delete the old
 // value must know.
 void WriteCategory(Program& program, std::string_view name, std::string_view folder);

@@ -2,9 +2,10 @@
 
 #include "base/text.h"
 #include "core/dialogs.h"
+#include "core/helpers.h"
 #include "core/report_error.h"
 #include "wavlib/frmSendTo.h"
-#include "wavlib/modal.h"
+#include "wavlib/list_output.h"
 #include "wavlib/path_check.h"
 
 namespace corvel {
@@ -27,25 +28,32 @@ bool IsSameFolder(Program& program, const std::string& a, const std::string& b) 
   return EqualNoCase(ShortFileName(program, a), ShortFileName(program, b));
 }
 
-bool Transfer(Program& program, const std::string& source, const std::string& folder,
-              const std::string& name, bool move) {
-  Files& files = program.platform.files;
-  if (IsSameFolder(program, FolderOf(source), folder)) {
+bool MayTakePlace(Program& program, const std::string& path) {
+  return !FileExists(program, path) ||
+         AskYesNo(program, "~B~CRFile already exists!~B~CN~N ~NThe file ~B~CB" + path +
+                               " ~B~CNalready exists.~N ~NOverwrite this file?");
+}
+
+bool Transfer(Program& program, const std::string& source, const std::string& target, bool move) {
+  if (IsSameFolder(program, FolderOf(source), FolderOf(target))) {
     MsgBoxEx(program,
              "~B~CRCan not send wav~B~CN~N ~N~BSource~B and ~Bdestination~B directories are the "
              "same.",
              style::kOk + style::kExclamation);
     return false;
   }
+  if (!MayTakePlace(program, target)) return false;
+  Files& files = program.platform.files;
+  int failed = 0;
   try {
     files.SetAttributes(source, 0);
-    files.Copy(source, folder + "\\" + name + ".wav");
+    files.Copy(source, target);
     if (move) files.Delete(source);
-    return true;
   } catch (const RunTimeError& error) {
-    MsgBoxEx(program, TransferMessage(error.Number()), style::kOk + style::kExclamation);
-    return false;
+    failed = error.Number();
   }
+  if (failed != 0) MsgBoxEx(program, TransferMessage(failed), style::kOk + style::kExclamation);
+  return failed == 0;
 }
 
 }  // namespace
@@ -63,16 +71,15 @@ bool DeleteWav(Program& program, Window owner, const std::string& path) {
   return true;
 }
 
-bool RenameWav(Program& program, const std::string& folder, const std::string& name) {
-  const std::string path = folder + "\\" + name + ".wav";
-  const std::string newName = InputBoxEx(
-      program, "~B~CR" + path +
+std::optional<std::string> RenameWav(Program& program, const ListedWav& wav) {
+  const std::string name = InputBoxEx(
+      program, "~B~CR" + wav.path +
                    "Please enter a new wav name to rename the selected wav to.~N ~N~B~CBDo not "
                    "enter the path.~B~CN");
-  if (newName.empty()) return false;
-  return Reported(
+  if (name.empty() || !CanBeFileName(program, name)) return std::nullopt;
+  const bool renamed = Reported(
       program, {"frmTabs", "RenameWav"},
-      [&] { program.platform.files.Rename(path, folder + "\\" + newName + ".wav"); },
+      [&] { program.platform.files.Rename(wav.path, wav.folder + "\\" + name + ".wav"); },
       [&](const RunTimeError& error) {
         if (error.Number() != err::kFileExists) return false;
         MsgBoxEx(program,
@@ -80,22 +87,17 @@ bool RenameWav(Program& program, const std::string& folder, const std::string& n
                  style::kOk + style::kExclamation);
         return true;
       });
+  return renamed ? std::optional(name) : std::nullopt;
 }
 
-bool SendWavTo(Program& program, forms::Form& owner, const std::string& path,
-               const std::string& name) {
-  const auto dialog = program.forms.LoadNew<frmSendTo>(program);
-  dialog->lblWav.SetCaption(name);
-  dialog->lblWavFile.SetCaption(path);
-  ShowModal(program, owner, *dialog, "SendWavTo");
-  std::string folder = dialog->IsLoaded() ? Trim(dialog->txtHistory.Text()) : std::string();
-  const bool move = dialog->optMove.Value();
-  dialog->Unload();
-  if (folder.empty()) return false;
+std::optional<std::string> SendWavTo(Program& program, forms::Form& owner, const ListedWav& wav) {
+  auto [folder, move] = Ask<frmSendTo>(program, &owner, wav.path, wav.name);
+  if (folder.empty()) return std::nullopt;
   if (folder.ends_with('\\')) folder.pop_back();
-  if (!Transfer(program, path, folder, name, move)) return false;
+  const std::string target = folder + "\\" + wav.name + ".wav";
+  if (!Transfer(program, wav.path, target, move)) return std::nullopt;
   program.store.WriteKey("SendTo", "Last", folder);
-  return true;
+  return move ? target : wav.path;
 }
 
 }  // namespace corvel

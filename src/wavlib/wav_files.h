@@ -4,18 +4,27 @@
 
 #include "core/program.h"
 
+#include <optional>
 #include <string>
 
 namespace corvel {
 
+// A wav as it stood in the list when the user asked for something: what has waited for him goes on
+// with this, whatever the list shows by then.
+struct ListedWav {
+  std::string folder;  // that the list showed; "" for a FavWav
+  std::string name;    // in lower case, no ".wav"
+  std::string path;
+};
+
 // Asks first. False if the user doesn't want it after all.
 bool DeleteWav(Program& program, Window owner, const std::string& path);
 
-// Asks for the new name. True if the folder has changed.
-bool RenameWav(Program& program, const std::string& folder, const std::string& name);
+// Asks for the new name. Nothing if the file has kept its old one.
+std::optional<std::string> RenameWav(Program& program, const ListedWav& wav);
 
-// Asks where to (frmSendTo), then copies or moves. False if the user gives up or it can't be done.
-bool SendWavTo(Program& program, forms::Form& owner, const std::string& path,
-               const std::string& name);
+// Asks where to (frmSendTo), then copies or moves. The wav's path now; nothing if the user gives up
+// or it can't be done.
+std::optional<std::string> SendWavTo(Program& program, forms::Form& owner, const ListedWav& wav);
 
 }  // namespace corvel

@@ -44,7 +44,7 @@ void PrintToPrinter(Program& program, const WavListing& listing) {
 
 void PrintToEMail(Program& program, AolClient& client, const WavListing& listing) {
   const std::string& user = program.g.CurrentSN;
-  const DescriptionIndex descriptions(program);
+  const DescriptionIndex descriptions = ReadDescriptions(program);
   std::string body = MailHead(user, "<B>Wavs in Category:</B>  <I>" + listing.category + "</I>");
   for (const std::string& name : listing.names) body += MailLine(descriptions, name);
   ComposeMail(program, client, user + "'s Wav List", body.append(kMailEnd));
@@ -54,7 +54,7 @@ void PrintToFile(Program& program, const WavListing& listing) {
   const std::string path = AskTextFile(program, "Wav List", "Wavs");
   if (path.empty()) return;
   const bool describe = AskYesNo(program, "Add any available descriptions with wavs to this file?");
-  const DescriptionIndex descriptions(program);
+  const DescriptionIndex descriptions = ReadDescriptions(program);
   std::string text;
   for (const std::string& name : listing.names) {
     const std::string description = describe ? descriptions.Find(name) : std::string();

@@ -9,9 +9,10 @@
 
 namespace corvel {
 
+// A list as it stood when it was asked for, whatever is shown by the time that it comes out.
 struct WavListing {
   std::string category;
-  const std::vector<std::string>& names;
+  std::vector<std::string> names;
 };
 
 // The printed lines: one name each, or five, each at the next zone of fourteen columns.

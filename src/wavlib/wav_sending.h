@@ -1,4 +1,5 @@
-// From a name in the wav list to a line in a chat room, or to the sound code in an IM or a mail.
+// What goes out for a name in the wav list: the line for a chat room, or the sound code for an IM
+// or a mail. How it gets there is the voice's business.
 //
 // The whole send goes on at the next statement where one fails. It waits (0.3 seconds before a
 // description) with events going on, so timers and further sends can run inside.
@@ -6,7 +7,7 @@
 
 #include "aolbridge/aolclient.h"
 #include "core/program.h"
-#include "fader/modFade.h"
+#include "voice/room_voice.h"
 
 #include <string>
 #include <vector>
@@ -22,35 +23,28 @@ struct GarlandChoice {
 
 class WavSender {
  public:
-  WavSender(Program& program, AolClient& client, Fader& fader)
-      : program_(program), client_(client), fader_(fader) {}
+  WavSender(Program& program, AolClient& client, RoomVoice& voice)
+      : program_(program), client_(client), voice_(voice) {}
 
   // Into the mail or IM that stands on top, else into the chat room. `owner` is the window of ours
   // that opens the clipboard for the former.
   void Send(const std::string& name, const GarlandChoice& garland, Window owner);
   // Into the chat input box, unsent.
   void SendWavToText(const std::string& name);
-  // Pastes the code at the caret of a rich text control of the client. The clipboard's mail text is
-  // kept, whatever else it held is lost.
+  // Pastes the code at the caret of a rich text control of the client, through the clipboard.
   void InsertWavCode(Window control, const std::string& name, Window owner);
-
-  // A window that a mail is written in, known by its title alone, or 0.
-  Window ComposeWindowByTitle();
-  // The window that an IM is begun in, or 0.
-  Window NewIMWindow();
 
  private:
   bool SendToWindowOnTop(const std::string& name, Window owner);
-  Window ManagedIM(Window manager);
+  Window WindowToWriteIn();
   void SendToRoom(const std::string& name, const GarlandChoice& garland);
   std::string RoomLine(const std::string& name, const GarlandChoice& garland);
   std::string ChooseStyle(const GarlandChoice& garland);
-  void SendDescription(const std::string& name, Window input);
-  void Say(std::string text, bool faded, Window input);
+  void SendDescription(const std::string& name);
 
   Program& program_;
   AolClient& client_;
-  Fader& fader_;
+  RoomVoice& voice_;
 };
 
 }  // namespace corvel

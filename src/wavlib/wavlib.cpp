@@ -14,7 +14,7 @@ void WavLibrary::Join(Hub& hub) {
   hub.commands.Set(Command::kHushlet, [this] { Hushlet(); });
 }
 
-void WavLibrary::ShowWavList() { program_.forms.Load<frmTabs>(program_, client_, fader_).Show(); }
+void WavLibrary::ShowWavList() { program_.forms.Load<frmTabs>(program_, client_, voice_).Show(); }
 
 void WavLibrary::EditDescriptions() { program_.forms.Load<frmEditDesc>(program_, client_).Show(); }
 

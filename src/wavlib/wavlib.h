@@ -4,7 +4,7 @@
 
 #include "aolbridge/aolclient.h"
 #include "core/program.h"
-#include "fader/modFade.h"
+#include "voice/room_voice.h"
 
 #include <string>
 #include <string_view>
@@ -13,8 +13,8 @@ namespace corvel {
 
 class WavLibrary {
  public:
-  WavLibrary(Program& program, AolClient& client, Fader& fader)
-      : program_(program), client_(client), fader_(fader) {}
+  WavLibrary(Program& program, AolClient& client, RoomVoice& voice)
+      : program_(program), client_(client), voice_(voice) {}
 
   void Join(Hub& hub);
 
@@ -31,7 +31,7 @@ class WavLibrary {
  private:
   Program& program_;
   AolClient& client_;
-  Fader& fader_;
+  RoomVoice& voice_;
 };
 
 }  // namespace corvel

@@ -7,7 +7,7 @@
 #include "platform/desk/desk_peers.h"
 #include "platform/desk/desk_services.h"
 #include "platform/desk/desk_windows.h"
-#include "practice/desk_home.h"
+#include "practice/desk/desk_home.h"
 
 #include <functional>
 #include <gtest/gtest.h>
@@ -98,7 +98,9 @@ class Bridge {
 
  private:
   struct Body : desk::ProcessBody {
-    explicit Body(Platform& platform) : program(platform), client(program) {}
+    explicit Body(Platform& platform) : program(platform), client(program) {
+      client.Join(program.hub);
+    }
     void Start(const std::string&) override {}
     bool Finished() override { return false; }
     Program program;

@@ -1,6 +1,6 @@
 // Every operation of the bridge against the practice client, in all its versions and countries.
 #include "base/text.h"
-#include "tests/aolbridge/bridge_fixture.h"
+#include "tests/aolbridge/clients.h"
 
 #include <algorithm>
 
@@ -9,53 +9,23 @@ namespace {
 
 using practice::Locale;
 
-struct Edition {
-  const char* name;
-  const char* version;
-  Locale locale;
-  const char* aolVer;
-  int aolLocale;
-  const char* writeTitle;
-};
-
-const Edition kEditions[] = {
-    {"Us3", "3.0", Locale::kUs, "3", 0, "Compose Mail"},
-    {"Us4", "4.0", Locale::kUs, "4", 0, "Write Mail"},
-    {"Us5", "5.0", Locale::kUs, "5", 0, "Write Mail"},
-    {"Us51", "5.1", Locale::kUs, "5", 0, "Write Mail"},
-    {"Uk4", "4.0", Locale::kUk, "4", 1, "Write Mail"},
-    {"Uk5", "5.0", Locale::kUk, "5", 1, "Write Email"},
-    {"Ca4", "4.0", Locale::kCanada, "4", 2, "Write Mail"},
-    {"Ca5", "5.0", Locale::kCanada, "5", 2, "Write Mail"},
-    {"Au4", "4.0", Locale::kAustralia, "4", 3, "Write e-mail"},
-    {"Au5", "5.0", Locale::kAustralia, "5", 3, "Write e-mail"},
-};
-
-practice::Setup SetupOf(const Edition& edition) {
-  practice::Setup setup;
-  setup.version = edition.version;
-  setup.locale = edition.locale;
-  setup.screenNames = {"PracticeOne", "Practice Two"};
-  return setup;
-}
-
-class EveryEdition : public testing::TestWithParam<Edition> {};
-
-INSTANTIATE_TEST_SUITE_P(Bridge, EveryEdition, testing::ValuesIn(kEditions),
+INSTANTIATE_TEST_SUITE_P(Bridge, EveryClient, testing::ValuesIn(kKnownClients),
                          [](const auto& info) { return std::string(info.param.name); });
 
-TEST_P(EveryEdition, IsKnownByVersionCountryAndTexts) {
-  Bridge bridge(SetupOf(GetParam()));
+TEST_P(EveryClient, IsKnownByVersionCountryAndTexts) {
+  Bridge bridge(GetParam().Setup());
   bridge.Identify();
-  const Globals& g = bridge.program().g;
-  EXPECT_EQ(g.AOLVer, GetParam().aolVer);
-  EXPECT_EQ(g.AOLVerFull, GetParam().version);
-  EXPECT_EQ(g.AOLLocale, GetParam().aolLocale);
-  EXPECT_EQ(g.strings.AOLWriteTitle, GetParam().writeTitle);
+  bridge.Do([](AolClient& client, Program& p) {
+    EXPECT_EQ(p.g.AOLVer, GetParam().aolVer);
+    EXPECT_EQ(p.g.AOLVerFull, GetParam().version);
+    EXPECT_EQ(p.g.AOLLocale, GetParam().aolLocale);
+    EXPECT_EQ(client.Strings().AOLWriteTitle, GetParam().writeTitle);
+    EXPECT_EQ(client.CountryOf().code, GetParam().country);
+  });
 }
 
-TEST_P(EveryEdition, IsKnownThoughItHangsAsItIsAsked) {
-  Bridge bridge(SetupOf(GetParam()));
+TEST_P(EveryClient, IsKnownThoughItHangsAsItIsAsked) {
+  Bridge bridge(GetParam().Setup());
   const auto setHung = [&](bool hung) {
     bridge.desk.windows().SetHung(bridge.clientProcess, hung);
   };
@@ -65,8 +35,8 @@ TEST_P(EveryEdition, IsKnownThoughItHangsAsItIsAsked) {
   EXPECT_EQ(bridge.program().g.AOLLocale, GetParam().aolLocale);
 }
 
-TEST_P(EveryEdition, TellsSignedOnFromSignedOff) {
-  Bridge bridge(SetupOf(GetParam()));
+TEST_P(EveryClient, TellsSignedOnFromSignedOff) {
+  Bridge bridge(GetParam().Setup());
   bridge.Identify();
   bridge.Do([](AolClient& client, Program&) { EXPECT_TRUE(client.IsAOLOnline(false)); });
   bridge.Client({"sign-off"});
@@ -75,9 +45,9 @@ TEST_P(EveryEdition, TellsSignedOnFromSignedOff) {
   EXPECT_TRUE(bridge.presser.texts[0].starts_with("~B~CRYou are not currently signed on!"));
 }
 
-TEST_P(EveryEdition, GivesItsScreenNamesOnAndOffline) {
+TEST_P(EveryClient, GivesItsScreenNamesOnAndOffline) {
   for (const bool online : {true, false}) {
-    practice::Setup setup = SetupOf(GetParam());
+    practice::Setup setup = GetParam().Setup();
     if (!online) setup.signedOnAs.clear();
     Bridge bridge(setup);
     bridge.Identify();
@@ -90,8 +60,8 @@ TEST_P(EveryEdition, GivesItsScreenNamesOnAndOffline) {
   }
 }
 
-TEST_P(EveryEdition, ShowsARoomOnceItHasALineAndTakesText) {
-  Bridge bridge(SetupOf(GetParam()));
+TEST_P(EveryClient, ShowsARoomOnceItHasALineAndTakesText) {
+  Bridge bridge(GetParam().Setup());
   bridge.Identify();
   bridge.Do([](AolClient& client, Program& p) {
     client.LookForRoom();
@@ -114,9 +84,7 @@ TEST_P(EveryEdition, ShowsARoomOnceItHasALineAndTakesText) {
   bridge.Do([](AolClient& client, Program&) { client.TextToChat("hello", 2); });
   EXPECT_EQ(bridge.Ask({"input"}), "");
   bridge.Do([](AolClient& client, Program& p) {
-    const Window view =
-        client.FindChildByClass(p.g.hChatRoom, p.g.AOLVer == "3" ? "_AOL_VIEW" : "RICHCNTL");
-    EXPECT_EQ(client.GetLastChatLine(view), "PracticeOne:hello");
+    EXPECT_EQ(client.GetLastChatLine(client.PartsOfRoom(p.g.hChatRoom).view), "PracticeOne:hello");
   });
   bridge.Client({"leave-room"});
   bridge.Do([](AolClient& client, Program& p) {
@@ -125,8 +93,8 @@ TEST_P(EveryEdition, ShowsARoomOnceItHasALineAndTakesText) {
   });
 }
 
-TEST_P(EveryEdition, OpensAWriteMailWindowOnceOnly) {
-  Bridge bridge(SetupOf(GetParam()));
+TEST_P(EveryClient, OpensAWriteMailWindowOnceOnly) {
+  Bridge bridge(GetParam().Setup());
   bridge.Identify();
   bridge.Do([](AolClient& client, Program& p) {
     const Window mail = client.AOLOpenEMail("Anna B", false);
@@ -138,8 +106,8 @@ TEST_P(EveryEdition, OpensAWriteMailWindowOnceOnly) {
   EXPECT_EQ(bridge.Ask({"mail", "to"}), "Anna B");
 }
 
-TEST_P(EveryEdition, FetchesAProfileAndComesOutOfAnHourglass) {
-  Bridge bridge(SetupOf(GetParam()));
+TEST_P(EveryClient, FetchesAProfileAndComesOutOfAnHourglass) {
+  Bridge bridge(GetParam().Setup());
   bridge.Identify();
   for (const char* state : {"online", "offline"}) {
     bridge.Client({"member", "Anna B", state});
@@ -211,6 +179,29 @@ TEST(Bridge, MenuRowsNeedTheirShortcutAndLieOneDeep) {
     EXPECT_FALSE(client.RunMenuByString(p.g.hAOL, "&Compose Mail", false));
     EXPECT_FALSE(client.RunMenuByString({}, "&Compose Mail\tCtrl+M", true));
   });
+}
+
+// A row that opens a menu has no id of its own, and one without a text is a separator.
+TEST(Bridge, MenuRowsThatRunNothingAreNeverMeant) {
+  Bridge bridge({});
+  bridge.Do([](AolClient& client, Program& p) {
+    Menus& menus = p.platform.menus;
+    const MenuHandle file = menus.SubMenu(menus.MenuOf(p.g.hAOL), 0);
+    menus.Insert(file, 0, menu_flag::kByPosition | menu_flag::kPopup, 0, menus.CreatePopup(),
+                 "&Deeper");
+    EXPECT_FALSE(client.RunMenuByString(p.g.hAOL, "&Deeper", true));
+    EXPECT_FALSE(client.RunMenuByString(p.g.hAOL, "", true));
+    EXPECT_TRUE(client.RunMenuByString(p.g.hAOL, "E&xit", false));
+  });
+}
+
+TEST_P(EveryClient, PutsTheCaretInTheSubjectOfAnAddressedMail) {
+  Bridge bridge(GetParam().Setup());
+  bridge.Identify();
+  bridge.Do([](AolClient& client, Program&) { client.AOLOpenEMail("Anna B", true); });
+  bridge.Client({"type", "About it"});
+  EXPECT_EQ(bridge.Ask({"mail", "subject"}), "About it");
+  EXPECT_EQ(bridge.Ask({"mail", "to"}), "Anna B");
 }
 
 TEST(Bridge, SearchesCountFromOneAndIgnoreCase) {

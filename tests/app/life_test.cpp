@@ -1,5 +1,6 @@
 // The life of the whole program beside the practice client: starts that are refused, and clients
 // that go at any moment.
+#include "core/settings_store.h"
 #include "platform/desk/desk_peers.h"
 #include "platform/desk/desk_services.h"
 #include "platform/desk/desk_windows.h"
@@ -10,29 +11,41 @@
 namespace corvel {
 namespace {
 
-// The user takes the first button of every message, and remembers what they said.
+// The user takes the first button of every message and goes on over every error, and remembers what
+// they said.
 class PatientUser : public desk::Agent {
  public:
   explicit PatientUser(desk::Desk& desk) : desk_(desk) { desk_.SetAgent(this); }
   ~PatientUser() override { desk_.SetAgent(nullptr); }
 
   bool Act() override {
-    const auto form = desk_.peers().FindForm("frmMsg");
-    if (!form || !form->state->visible || form->window == pressed_) return false;
-    pressed_ = form->window;
-    messages.push_back(desk_.peers().FindControl(form->window, "Picture2", -1)->state->text);
-    if (insteadOfAnswering)
-      insteadOfAnswering();
-    else
-      desk_.peers().Click(desk_.peers().FindControl(form->window, "Command1", 0)->window);
-    return true;
+    const bool acts = Answer("frmMsg", "Picture2", "Command1", 0);
+    if (acts) icons.push_back(Control("frmMsg", "Picture1", -1)->state->picture);
+    return acts || Answer("frmReport", "lblPlace", "cmdGoOn", -1);
   }
   std::optional<std::int64_t> NextActAt() override { return std::nullopt; }
 
   std::vector<std::string> messages;
+  std::vector<Picture> icons;
   std::function<void()> insteadOfAnswering;
 
  private:
+  std::optional<desk::DeskPeers::ControlView> Control(const char* form, const char* name,
+                                                      int index) {
+    return desk_.peers().FindControl(desk_.peers().FindForm(form)->window, name, index);
+  }
+  bool Answer(const char* name, const char* text, const char* button, int index) {
+    const auto form = desk_.peers().FindForm(name);
+    if (!form || !form->state->visible || form->window == pressed_) return false;
+    pressed_ = form->window;
+    messages.push_back(Control(name, text, -1)->state->text);
+    if (insteadOfAnswering)
+      insteadOfAnswering();
+    else
+      desk_.peers().Click(Control(name, button, index)->window);
+    return true;
+  }
+
   desk::Desk& desk_;
   Window pressed_;
 };
@@ -134,8 +147,26 @@ TEST(Start, AFolderThatCannotBeMadeStopsNothing) {
   life.Start();
   life.stage.desk().RunFor(5000);
   EXPECT_TRUE(life.Runs());
+  ASSERT_EQ(life.user.messages.size(), 1u);
+  EXPECT_NE(life.user.messages[0].find("modMain, IntegrityCheck, line "), std::string::npos);
   EXPECT_TRUE(life.stage.desk().files().IsFolder("C:\\Corvel\\styles"));
   EXPECT_TRUE(life.stage.desk().files().IsFolder("C:\\Corvel\\im logs\\11-21-99")) << "today's";
+}
+
+TEST(Room, ThatRefusesFadedTextIsAWarning) {
+  Life life;
+  SettingsStore(life.stage.registry()).WriteKey("Fader", "On", "True");
+  life.PutClient();
+  life.Start();
+  life.stage.desk().RunFor(3000);
+  using Words = std::vector<std::string>;
+  for (const Words& words : {Words{"room", "The Lobby", "Ann"}, Words{"refuse-next-line"},
+                             Words{"type", "Hello"}, Words{"key", "enter"}}) {
+    ASSERT_EQ(life.stage.Client()->Do(words).error, "") << words.front();
+    life.stage.desk().RunFor(1000);
+  }
+  EXPECT_EQ(life.user.messages.size(), 1u);
+  EXPECT_EQ(life.user.icons, std::vector<Picture>{Picture::kExclamation});
 }
 
 TEST(Life, AClientThatVanishesAtAnyMomentTakesTheProgramWithIt) {

@@ -1,6 +1,7 @@
 // A process on the desk with a Program in it, and a user whose hand a test guides.
 #pragma once
 
+#include "core/features/client.h"
 #include "core/program.h"
 #include "platform/desk/desk.h"
 #include "platform/desk/desk_peers.h"
@@ -15,6 +16,33 @@
 
 namespace corvel {
 
+// A client that nobody knows.
+class NoClient : public Client {
+ public:
+  Window FindFrame() override { return {}; }
+  Window FindMdi() override { return {}; }
+  void GetAOLVersion() override {}
+  void LoadAOLStrings() override {}
+  void GetScreenNames() override {}
+  void MSNCheck() override {}
+  bool CanFade() const override { return false; }
+  bool CanManageIMs() const override { return false; }
+  bool HasMainWindow() const override { return false; }
+  Country CountryOf() const override { return {}; }
+  bool IsAOLOnline(bool) override { return false; }
+  std::string GetUserSN() override { return {}; }
+  void LookForRoom() override {}
+  RoomParts PartsOfRoom(Window) override { return {}; }
+  Window WriteMailOnTop() override { return {}; }
+  Window ReadMailOnTop() override { return {}; }
+  Window RefusalBox() override { return {}; }
+  Window BuddyInvitation() override { return {}; }
+  Window UnreadIM() override { return {}; }
+  std::string GetIMSender(Window) override { return {}; }
+  MenuHandle WindowMenu() override { return {}; }
+  void RunKeyword(const std::string&) override {}
+};
+
 class CoreTest : public testing::Test, public desk::Agent {
  protected:
   CoreTest() {
@@ -27,6 +55,7 @@ class CoreTest : public testing::Test, public desk::Agent {
     desk_.RunDue();
     program_ = std::make_unique<Program>(desk_.platform());
     program_->g.ProgramVersion = kProgramVersion;
+    program_->hub.client = &client_;
     desk_.SetAgent(this);
   }
 
@@ -72,6 +101,7 @@ class CoreTest : public testing::Test, public desk::Agent {
 
   desk::Desk desk_;
   ProcessId process_ = 0;
+  NoClient client_;
   std::unique_ptr<Program> program_;
 
  private:

@@ -4,6 +4,7 @@
 #include "core/helpers.h"
 #include "core/main.h"
 #include "core/report_error.h"
+#include "core/start_checks.h"
 #include "tests/core/core_fixture.h"
 
 namespace corvel {
@@ -40,6 +41,8 @@ TEST_F(DialogsTest, EachButtonSetHasItsButtonsDefaultAndEscape) {
       {5 + 64, {"Retry", "Cancel"}, {4, 2}, 4, 2},
       {4 + 512, {"Yes", "No"}, {6, 7}, 6, 0},
       {15, {"OK"}, {1}, 1, 1},
+      {4 + 32 + 64, {"Yes", "No"}, {6, 7}, 6, 0},
+      {4 + 16 + 64 + 256 + 512, {"Yes", "No"}, {6, 7}, 6, 0},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.style);
@@ -66,6 +69,24 @@ TEST_F(DialogsTest, EachButtonSetHasItsButtonsDefaultAndEscape) {
   }
 }
 
+TEST_F(DialogsTest, OfSeveralIconsTheOneFromTheTopShows) {
+  const std::pair<int, Picture> cases[] = {{0, Picture::kNone},
+                                           {16, Picture::kStop},
+                                           {32, Picture::kQuestion},
+                                           {48, Picture::kExclamation},
+                                           {64, Picture::kInformation},
+                                           {4 + 32 + 64, Picture::kInformation},
+                                           {16 + 64, Picture::kInformation}};
+  for (const auto& [style, picture] : cases) {
+    Then([this, picture = picture] {
+      EXPECT_EQ(State("frmMsg", "Picture1").picture, picture);
+      EXPECT_EQ(State("frmMsg", "Picture1").visible, picture != Picture::kNone);
+    });
+    ThenClick("frmMsg", "Command1", 0);
+    Ask(style);
+  }
+}
+
 TEST_F(DialogsTest, AMessageKeepsItsMarkUpAndSaysItWithout) {
   bool noShow = false;
   Then([this] {
@@ -78,7 +99,10 @@ TEST_F(DialogsTest, AMessageKeepsItsMarkUpAndSaysItWithout) {
   });
   ThenClick("frmMsg", "chkNoShow");
   ThenClick("frmMsg", "Command1", 0);
-  As([&] { MsgBoxEx(*program_, "~B~CRtitle~B~CN~N ~Ntext", style::kOk + style::kStop, &noShow); });
+  As([&] {
+    MsgBoxEx(*program_, "~B~CRtitle~B~CN~N ~Ntext", style::kOk + style::kStop,
+             {.doNotShow = &noShow});
+  });
   EXPECT_TRUE(noShow);
   EXPECT_FALSE(desk_.peers().FindForm("frmMsg"));
 }
@@ -119,6 +143,112 @@ TEST_F(DialogsTest, AnInputGivesItsTextOnOkAndEnterOnly) {
   ThenClose("frmInpBox");
   EXPECT_EQ(ask(), "");
 }
+
+TEST_F(DialogsTest, AnInputIsHeldToItsLength) {
+  std::string name;
+  ThenType("frmInpBox", "txtInput", "123456789");
+  ThenClick("frmInpBox", "Command1", 0);
+  As([&] { name = InputBoxEx(*program_, "Name?", "Styles", {.maxLength = 8}); });
+  EXPECT_EQ(name, "12345678");
+}
+
+TEST_F(DialogsTest, AnInputHasItsTitleAndOneInsideAnotherDoesNotEndTheFlag) {
+  std::string outer = "?";
+  Then([this] {
+    EXPECT_EQ(desk_.peers().FindForm("frmInpBox")->state->caption, "Styles");
+    desk_.PostTask(process_, [this] { EXPECT_EQ(InputBoxEx(*program_, "inner"), "typed"); });
+  });
+  Then([this] {
+    EXPECT_EQ(desk_.peers().FindForm("frmInpBox")->state->caption, "Corvel 32 - 9.1.0");
+  });
+  ThenType("frmInpBox", "txtInput", "typed");
+  ThenClick("frmInpBox", "Command1", 0);
+  Then([this] { EXPECT_TRUE(program_->g.InputBoxUp); });
+  ThenClick("frmInpBox", "Command1", 0);
+  As([&] { outer = InputBoxEx(*program_, "Name?", "STYLES", {.title = "Styles"}); });
+  EXPECT_EQ(outer, "STYLES");
+  EXPECT_FALSE(program_->g.InputBoxUp);
+}
+
+// --- A wav that has been found -------------------------------------------------------------------
+
+class FoundWavTest : public DialogsTest {
+ protected:
+  static constexpr const char* kWav = "C:\\AOL\\boing.wav";
+  void SetUp() override { desk_.files().Put(kWav, "RIFF"); }
+  int Show() {
+    int result = 0;
+    As([&] { result = MsgBoxEx(*program_, "found!", style::kOk, {.wav = kWav}); });
+    return result;
+  }
+  // `sounds` is what the user has heard so far.
+  void ThenExpectPreview(const std::string& caption, const std::vector<std::string>& sounds) {
+    Then([=, this] {
+      EXPECT_EQ(State("frmMsg", "Command1", 1).text, caption);
+      std::vector<std::string> heard;
+      for (const auto& entry : desk_.journal().Entries())
+        if (entry.kind.starts_with("sound")) heard.push_back(entry.kind);
+      EXPECT_EQ(heard, sounds);
+    });
+  }
+  // The message itself, not the question over it.
+  void ThenExpectEnabled(bool enabled) {
+    Then([=, this] {
+      for (int i = 0; i < 3; ++i) EXPECT_EQ(State("frmMsg", "Command1", i).enabled, enabled) << i;
+    });
+  }
+};
+
+TEST_F(FoundWavTest, IsHeardAndHushedUntilTheUserIsDone) {
+  ThenExpectPreview("Preview", {});
+  ThenClick("frmMsg", "Command1", 1);
+  ThenExpectPreview("Hushlet", {"sound"});
+  ThenClick("frmMsg", "Command1", 1);
+  ThenExpectPreview("Preview", {"sound", "sound-stopped"});
+  Then([this] {
+    EXPECT_EQ(State("frmMsg", "Command1", 0).text, "Delete");
+    EXPECT_FALSE(State("frmMsg", "Command1", 0).isDefault) << "Enter deletes nothing";
+  });
+  ThenPress("frmMsg", "Command1", Key::kEnter, 2);
+  EXPECT_EQ(Show(), answer::kOk);
+  ThenClose("frmMsg");
+  EXPECT_EQ(Show(), answer::kOk);
+}
+
+TEST_F(FoundWavTest, GoesToTheRecycleBinIfTheUserWantsIt) {
+  ThenClick("frmMsg", "Command1", 1);
+  ThenClick("frmMsg", "Command1", 0);
+  Then([this] {
+    EXPECT_EQ(State("frmMsg", "Picture2").text,
+              "~BDelete ~CRC:\\AOL\\boing.wav~CN ?~B~N ~NWould you like to send the above wav to "
+              "the Windows Recycle Bin?");
+    EXPECT_FALSE(desk_.peers().Forms().front().state->enabled) << "the message waits";
+  });
+  ThenClick("frmMsg", "Command1", 1);  // No
+  ThenExpectEnabled(true);
+  ThenExpectPreview("Hushlet", {"sound"});
+  ThenClick("frmMsg", "Command1", 0);
+  ThenClick("frmMsg", "Command1", 0);  // Yes
+  ThenExpectEnabled(false);
+  ThenExpectPreview("Preview", {"sound", "sound-stopped"});
+  ThenClose("frmMsg");
+  EXPECT_EQ(Show(), answer::kOk);
+  EXPECT_FALSE(desk_.files().Exists(kWav));
+}
+
+TEST_F(FoundWavTest, StaysToBeHeardIfItCanNotBeDeleted) {
+  desk_.files().Lock(kWav, true);
+  ThenClick("frmMsg", "Command1", 0);
+  ThenClick("frmMsg", "Command1", 0);  // Yes
+  ThenExpectEnabled(false);
+  ThenClick("frmReport", "cmdGoOn");
+  ThenExpectEnabled(true);
+  ThenClick("frmMsg", "Command1", 2);
+  EXPECT_EQ(Show(), answer::kOk);
+  desk_.files().Lock(kWav, false);
+}
+
+// --- Folders, colours, reports -------------------------------------------------------------------
 
 TEST_F(DialogsTest, TheFolderChooserInsistsOnTheClientsFolder) {
   desk_.files().Put("C:\\AOL\\aol.exe", "");
@@ -187,6 +317,45 @@ TEST_F(DialogsTest, AFailingStepIsReportedRetriedOrLeftOut) {
   ThenClick("frmReport", "cmdStop");
   As([&] { EXPECT_THROW(Reported(*program_, {"modTest", "Step"}, failTwice), ProcessExit); });
   EXPECT_TRUE(program_->g.Unloading);
+}
+
+TEST_F(DialogsTest, AReportNamesTheLineOfItsOwnStep) {
+  const auto fails = [] { throw RunTimeError(err::kDeviceIo); };
+  const auto thenExpectLine = [this](int line) {
+    Then([=, this] {
+      const std::string& place = State("frmReport", "lblPlace").text;
+      EXPECT_TRUE(place.ends_with("modMain, Main, line " + std::to_string(line))) << place;
+    });
+    ThenClick("frmReport", "cmdGoOn");
+  };
+  const int first = __LINE__ + 4;
+  thenExpectLine(first);
+  thenExpectLine(first + 1);
+  As([&] {
+    MainStep(*program_, {"modMain", "Main"}, fails);
+    MainStep(*program_, {"modMain", "Main"}, fails);
+  });
+}
+
+TEST_F(DialogsTest, AnErrorThatHasLeftItsProcedureIsNotTriedAgain) {
+  Then([this] {
+    EXPECT_FALSE(State("frmReport", "cmdRetry").visible);
+    EXPECT_EQ(State("frmReport", "lblPlace").text, "Corvel 32 9.1.0, frmTest, cmd_Click");
+  });
+  ThenClick("frmReport", "cmdGoOn");
+  As([&] { ReportUnhandled(*program_, "frmTest", "cmd_Click", RunTimeError(err::kDiskFull)); });
+  ThenClick("frmReport", "cmdStop");
+  As([&] {
+    EXPECT_THROW(ReportUnhandled(*program_, "frmTest", "cmd_Click", RunTimeError(err::kDiskFull)),
+                 ProcessExit);
+  });
+}
+
+TEST_F(DialogsTest, OnlyMainGoesOnOverAFolderThatCanNotBeMade) {
+  const auto fails = [] { throw RunTimeError(err::kPathFileAccess); };
+  As([&] { MainStep(*program_, {"modMain", "Main"}, fails); });
+  ThenClick("frmReport", "cmdGoOn");
+  As([&] { EXPECT_FALSE(Reported(*program_, {"modMain", "LoadCorvel"}, fails)); });
 }
 
 }  // namespace

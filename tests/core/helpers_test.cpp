@@ -63,6 +63,14 @@ TEST_F(HelpersTest, DateAndTimeAreTextByTheUsersFormat) {
   EXPECT_EQ(BuildTime(*program_), "8:15:00 PM");
 }
 
+TEST(Lengths, ReadAsMinutesSecondsAndHundredths) {
+  const std::pair<int, const char*> cases[] = {
+      {0, "00:00.00"},       {500, "00:00.50"},     {999, "00:00.99"},       {9, "00:00.00"},
+      {59'999, "00:59.99"},  {60'000, "01:00.00"},  {61'500, "01:01.50"},    {119'990, "01:59.99"},
+      {120'000, "02:00.00"}, {150'010, "02:30.01"}, {6'000'000, "100:00.00"}};
+  for (const auto& [milliseconds, text] : cases) EXPECT_EQ(CMinSec(milliseconds), text);
+}
+
 TEST_F(HelpersTest, APauseLastsItsTimeAlsoOverTheWrapOfTheTickCount) {
   desk_.SetTickCount(0xFFFFFFFF - 100);
   const std::int64_t before = desk_.NowMs();
@@ -119,18 +127,18 @@ TEST_F(HelpersTest, ButtonsAreColouredByLookAndCountry) {
     forms::FlatButton button;
   };
   struct Case {
-    int uiMode, locale;
+    int uiMode;
+    HouseColors house;
     bool lit;
     Color window, face, caption;
   };
   const auto system = [](unsigned number) { return static_cast<Color>(number); };
   const Case cases[] = {
-      {0, 0, false, system(0x8000000F), system(0x8000000F), system(0x80000012)},
-      {1, 0, false, 0xF0FBFF, 0xAD6D00, 0xFFFFFF},
-      {1, 1, false, 0xF0FBFF, 0xC8876C, 0xFFFFFF},
-      {1, 3, false, 0xC0FFFF, 0xAD6D00, 0xFFFFFF},
-      {2, 0, false, 11, 22, 33},
-      {2, 0, true, 11, 192, 0xFFFFFF},
+      {0, {}, false, system(0x8000000F), system(0x8000000F), system(0x80000012)},
+      {1, {}, false, 0xF0FBFF, 0xAD6D00, 0xFFFFFF},
+      {1, {44, 55, std::nullopt}, false, 44, 55, 0xFFFFFF},
+      {2, {44, 55, 66}, false, 11, 22, 33},
+      {2, {}, true, 11, 192, 0xFFFFFF},
   };
   auto& colors = program_->settings.UserColors;
   colors.WindowColor = 11, colors.ButtonForecolor = 22, colors.ButtonText = 33;
@@ -138,7 +146,7 @@ TEST_F(HelpersTest, ButtonsAreColouredByLookAndCountry) {
     auto form = program_->forms.LoadNew<ButtonForm>(*program_);
     for (const Case& c : cases) {
       program_->g.UIMode = c.uiMode;
-      program_->g.AOLLocale = c.locale;
+      program_->g.houseColors = c.house;
       SetFormColor(*program_, *form);
       SetButtonColor(*program_, c.lit, form->button);
       EXPECT_EQ(form->State().backColor, c.window);

@@ -10,7 +10,7 @@ constexpr const char* kRoot = "Software\\QRV Software\\Corvel";
 
 class SettingsTest : public CoreTest {
  protected:
-  void Load(std::string_view aolVer = "4") {
+  void Load(bool canManageIMs = true) {
     Settings& s = program_->settings;
     const SettingsStore& store = program_->store;
     LoadUserColors(store, s);
@@ -19,7 +19,7 @@ class SettingsTest : public CoreTest {
     LoadEMailGroup(store, s);
     LoadWavScanGroup(store, s);
     LoadHotWordsGroup(store, s);
-    LoadIMGroup(store, s, aolVer);
+    LoadIMGroup(store, s, canManageIMs);
     LoadSiblingKeys(store, s);
     LoadFaderGroup(store, s);
   }
@@ -177,7 +177,7 @@ TEST_F(SettingsTest, TheOldestClientHasNoManagerWhateverIsStored) {
   for (const char* key : {"TabsOn", "EnterSends", "TabSwitches", "MultipleRows"})
     program_->store.WriteKey("IM", key, "True");
   program_->settings.IM.TabsOn = true;
-  Load("3");
+  Load(false);
   const auto& im = program_->settings.IM;
   EXPECT_FALSE(im.TabsOn || im.EnterSends || im.TabSwitches || im.MultipleRows);
   EXPECT_TRUE(im.LogIMs) << "the other keys are read as ever";

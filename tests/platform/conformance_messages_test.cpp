@@ -105,6 +105,15 @@ TEST_F(Messages, OfFocusGoToTheOldAndThenToTheNewWindow) {
   EXPECT_EQ(other.TakeLog(), (Log{"a:enable(0)", "b:enable(0)"}));
 }
 
+TEST_F(Messages, AFocusOrderToNoWindowDoesNothing) {
+  const Window frame = Make("frame"), a = Make("a", frame);
+  windows.SetFocus(a);
+  other.Record({wm::kSetFocus, wm::kKillFocus});
+  windows.SetFocus({});
+  EXPECT_EQ(windows.Focus(), a);
+  EXPECT_EQ(other.TakeLog(), Log{});
+}
+
 TEST_F(Messages, KeysGoToTheFocus) {
   const Window frame = Make("frame"), edit = Make("edit", frame, "EDIT");
   other.Record({wm::kKeyDown, wm::kChar, wm::kKeyUp});

@@ -28,6 +28,23 @@ class Told : public WindowProcedure {
   OwnWindows& own_;
 };
 
+// Gives the focus on at the first character that comes.
+class FocusPasser : public WindowProcedure {
+ public:
+  explicit FocusPasser(Platform& platform) : platform_(platform) {}
+  MessageResult OnMessage(Window window, const Message& message) override {
+    if (message.id == wm::kKeyDown || message.id == wm::kChar || message.id == wm::kKeyUp)
+      log.push_back(LogLine(window == first ? "first" : "second", message));
+    if (message.id == wm::kChar && window == first) platform_.windows.SetFocus(second);
+    return platform_.ownWindows.Default(window, message);
+  }
+  Window first, second;
+  Log log;
+
+ private:
+  Platform& platform_;
+};
+
 class OwnWindowsTest : public testing::Test {
  protected:
   Window Make(const NewWindow& window) { return ownWindows.Create(window, told); }
@@ -118,6 +135,27 @@ TEST_F(OwnWindowsTest, ShowStandardDialogsWithoutWaiting) {
     const Window second = ownWindows.ShowDialog(owner, "Title", "a text");
     ownWindows.Destroy(owner);
     EXPECT_FALSE(windows.Exists(second)) << "it goes with its owner";
+  });
+}
+
+// A second key waits until the first one has been taken, and finds the focus where that has put it.
+TEST_F(OwnWindowsTest, GetEachKeyThatTheyHaveTheFocusForWhenItIsTaken) {
+  FocusPasser passer(home->platform());
+  home->Run([&] {
+    const auto make = [&](Window parent) {
+      return ownWindows.Create(
+          {.className = "Told", .caption = "keys", .parent = parent, .systemClass = {}}, passer);
+    };
+    const Window frame = make({});
+    passer.first = make(frame);
+    passer.second = make(frame);
+    windows.SetFocus(passer.first);
+    windows.TypeKey(9);
+    windows.TypeKey('A');
+    home->RunFor(100);
+    EXPECT_EQ(passer.log, (Log{"first:keydown(9)", "first:char(9)", "second:keyup(9)",
+                               "second:keydown(65)", "second:char(97)", "second:keyup(65)"}));
+    ownWindows.Destroy(frame);
   });
 }
 

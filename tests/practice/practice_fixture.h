@@ -4,7 +4,7 @@
 #include "platform/desk/desk.h"
 #include "platform/desk/desk_services.h"
 #include "platform/desk/desk_windows.h"
-#include "practice/desk_home.h"
+#include "practice/desk/desk_home.h"
 
 #include <gtest/gtest.h>
 #include <memory>

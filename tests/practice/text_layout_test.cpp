@@ -1,5 +1,5 @@
 // Mark-up as it is seen, and text in lines.
-#include "practice/text_layout.h"
+#include "practice/controls/text_layout.h"
 
 #include <gtest/gtest.h>
 #include <string>

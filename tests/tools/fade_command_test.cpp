@@ -29,7 +29,11 @@ TEST(FadeCommand, WritesTheEnginesBytes) {
     std::vector<std::string> args;
     std::string input, output;
   } kCases[] = {
-      {{}, "a\n", black + "a" + black + "\n"},
+      // the end of the last line isn't part of the text; any other is
+      {{}, "a\n", black + "a\n"},
+      {{"--bold"}, "a\r\n", "<B>" + black + "a</B>\r\n"},
+      {{}, "a\n\n", black + "a" + black + "\n\n"},
+      {{}, "\n", "\n"},
       {{"--colors", "255"}, "ab", red + "ab"},
       {{"--colors", "0,255"}, "a", red + "a"},
       {{"--number", "1", "--colors", "255,0", "--uline"}, "a", "<U>" + red + "a</U>"},
@@ -69,8 +73,8 @@ TEST(FadeCommand, RefusesBadOptionsWithAMessage) {
 
 TEST(FadeCommand, WritesAPageThatShowsTextAsText) {
   const auto path = std::filesystem::temp_directory_path() / "corvel_fade_command_test.html";
-  const Outcome outcome = RunWith({"--colors", "255", "--html", path.string()}, "<B>&\x01");
-  EXPECT_EQ(outcome.output, "<FONT COLOR=#FF0000><B>&\x01") << "the output stays the engine's";
+  const Outcome outcome = RunWith({"--colors", "255", "--html", path.string()}, "<B>&\x01\n");
+  EXPECT_EQ(outcome.output, "<FONT COLOR=#FF0000><B>&\x01\n") << "the output stays the engine's";
   std::ifstream file(path, std::ios::binary);
   const std::string page{std::istreambuf_iterator<char>(file), {}};
   std::filesystem::remove(path);

@@ -1,5 +1,6 @@
 // The wav library's texts, without a window: sound codes, styles, list files, the PATH line.
 #include "base/cp1252.h"
+#include "platform/desk/profile_text.h"
 #include "wavlib/fav_wavs.h"
 #include "wavlib/garland_styles.h"
 #include "wavlib/path_check.h"
@@ -101,6 +102,14 @@ TEST(FavWavs, SearchIsStricterThanTheReader) {
   for (const auto& c : kCases) EXPECT_EQ(FindFavWav(c.bytes, c.wav), c.path) << c.wav;
 }
 
+TEST(FavWavs, EachThatIsLookedForTakesOneRow) {
+  const FavWav a{"a", "1"}, otherA{"a", "2"}, b{"b", "1"};
+  const std::vector<FavWav> all = {a, otherA, b, a, a};
+  EXPECT_EQ(RowsOf({a, a, {"c", "1"}}, all), (std::vector<int>{0, 3}));
+  EXPECT_EQ(RowsOf({b, otherA}, all), (std::vector<int>{1, 2}));
+  EXPECT_EQ(RowsOf({}, all), std::vector<int>{});
+}
+
 TEST(PathCheck, LooksBehindTheFirstSetPath) {
   const struct {
     const char* autoexec;
@@ -124,12 +133,41 @@ TEST(Printing, FiveNamesALineInZones) {
   EXPECT_EQ(PrintedLines({}, false), Texts{});
 }
 
-TEST(Descriptions, RecordsAreTheLinesWithAnEqualSign) {
-  EXPECT_EQ(ParseDescriptions(GoldenFile("desc1.dat")),
+std::vector<Description> RecordsOf(const std::vector<std::string>& files) {
+  DescriptionIndex index;
+  for (const std::string& bytes : files) index.Add(bytes);
+  return index.Records();
+}
+
+TEST(Descriptions, AFileHoldsRecords) {
+  EXPECT_EQ(RecordsOf({GoldenFile("desc1.dat")}),
             (std::vector<Description>{{"boing", "A spring lets go"},
-                                      {"Bell Tower", "\"two strokes, far away\""},
+                                      {"Bell Tower", "two strokes, far away"},
                                       {"d\xE9j\xE0 vu", "said = seen"},
                                       {"empty", ""}}));
+}
+
+// What lists tell is what the profile routines answer for the same names. Two of them are asked
+// here: the desk's reader, and the index.
+TEST(Descriptions, IndexAgreesWithTheProfileRoutines) {
+  const std::string file =
+      "stray=outside\r\n[Other]\r\nother=outside\r\n[ data ]\r\n; a=remark\r\n"
+      "a=first\r\nA=second\r\nnone=\r\nnone=second\r\nx=y=z\r\n x = y = w\r\n"
+      "quoted = \"in quotes\" \r\nno sign\r\nlast='x\r\n[Data]\r\nagain=outside\r\n";
+  DescriptionIndex index;
+  index.Add(file);
+  for (const char* name : {"stray", "other", "a", "; a", "none", "x", "x=y", "x = y", "quoted",
+                           "no sign", "last", "again", "missing"})
+    EXPECT_EQ(index.Find(name), desk::ProfileValue(file, "Data", name).value_or("")) << name;
+  EXPECT_EQ(
+      RecordsOf({file}),
+      (std::vector<Description>{
+          {"a", "first"}, {"none", ""}, {"x", "y=z"}, {"quoted", "in quotes"}, {"last", "'x"}}));
+}
+
+TEST(Descriptions, OfSeveralFilesTheFirstThatSaysSomethingCounts) {
+  EXPECT_EQ(RecordsOf({"[Data]\na=\nb=one\n", "[Data]\nc=three\nB=hidden\na=two\n"}),
+            (std::vector<Description>{{"a", "two"}, {"b", "one"}, {"c", "three"}}));
 }
 
 TEST(Descriptions, SomeNamesCanNotStandInAProfileFile) {

@@ -4,7 +4,7 @@
 #include "platform/desk/desk_menus.h"
 #include "platform/desk/desk_services.h"
 #include "platform/desk/desk_windows.h"
-#include "practice/desk_home.h"
+#include "practice/desk/desk_home.h"
 #include "tools/desk/desk_program.h"
 
 #include <algorithm>

@@ -94,15 +94,25 @@ Options ParsedOptions(std::span<const std::string> args) {
   return options;
 }
 
-std::vector<std::string> Texts(std::string input, bool lines) {
-  if (!lines) return {std::move(input)};
-  std::vector<std::string> texts;
+struct Text {
+  std::string text, end;  // what is faded, and what is written behind it
+};
+
+std::vector<Text> LinesOf(const std::string& input) {
+  std::vector<Text> lines;
   for (std::size_t at = 0; at < input.size();) {
     const std::size_t end = std::min(input.find('\n', at), input.size());
-    texts.push_back(input.substr(at, end - at));
+    lines.push_back({input.substr(at, end - at), "\n"});
     at = end + 1;
   }
-  return texts;
+  return lines;
+}
+
+// What a shell's echo puts behind the text isn't meant.
+Text WithoutLineEnd(const std::string& input) {
+  std::size_t end = input.size();
+  if (input.ends_with('\n')) end -= input.ends_with("\r\n") ? 2 : 1;
+  return {input.substr(0, end), input.substr(end)};
 }
 
 // The characters that mean something to a browser, each with a stand-in that is not a blank and has
@@ -135,14 +145,14 @@ std::string Paragraph(const std::string& faded) {
   return "<p>" + html + "</p>\n";
 }
 
-std::string Page(const std::vector<std::string>& texts, const FadeSettings& settings) {
+std::string Page(const std::vector<Text>& texts, const FadeSettings& settings) {
   std::string page =
       "<!DOCTYPE html>\n<html lang=\"en\">\n<meta charset=\"windows-1252\">\n<title>Fade</title>\n"
       "<style>body { font: 16px Arial, sans-serif; background: white }\n"
       "p { white-space: pre-wrap; overflow-wrap: anywhere; margin: 0 }</style>\n";
   Fader fader(settings);
-  for (const std::string& text : texts) {
-    std::string faded = WithStandIns(text);
+  for (const Text& text : texts) {
+    std::string faded = WithStandIns(text.text);
     page += Paragraph(fader.FadeEngine(faded));
   }
   return page + "</html>\n";
@@ -168,13 +178,11 @@ std::string ReadAll(std::istream& input) {
 }
 
 void Fade(const Options& options, std::istream& input, std::ostream& output) {
-  const std::vector<std::string> texts = Texts(ReadAll(input), options.lines);
+  const std::string all = ReadAll(input);
+  const auto texts = options.lines ? LinesOf(all) : std::vector<Text>{WithoutLineEnd(all)};
   if (!options.page.empty()) WritePage(options.page, Page(texts, options.fade));
   Fader fader(options.fade);
-  for (std::string text : texts) {
-    output << fader.FadeEngine(text);
-    if (options.lines) output << '\n';
-  }
+  for (Text text : texts) output << fader.FadeEngine(text.text) << text.end;
   output.flush();
   if (!output) throw Refusal("cannot write the output");
 }

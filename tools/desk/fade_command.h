@@ -6,7 +6,8 @@
 //                    Without --number their count is the number; without either it is 2
 //   --solid --wavy --bold --italic --uline
 //   --lines          each line is a text of its own, the wave running on, each result ended by a
-//                    line feed; otherwise the whole input is one text
+//                    line feed; otherwise the whole input is one text, but for a line end at its
+//                    very end, which is written behind it as it came
 //   --html FILE      also writes a page that shows the result in colour
 #pragma once
 

@@ -4,7 +4,7 @@
 #include "base/error.h"
 #include "platform/desk/desk_services.h"
 #include "platform/desk/desk_windows.h"
-#include "practice/desk_home.h"
+#include "practice/desk/desk_home.h"
 #include "tools/scenario_commands.h"
 #include "tools/trace.h"
 

@@ -79,7 +79,7 @@ void DeskWindows::Impl::MoveFocusOff(WindowNode& leaving) {
 }
 
 void DeskWindows::SetFocus(Window window) {
-  impl_->MoveFocus(window);
+  if (Exists(window)) impl_->MoveFocus(window);
   impl_->core().processes.ThrowIfEnded();
 }
 
@@ -198,11 +198,20 @@ bool DeskWindows::ActivateByCaption(std::string_view caption) {
   return true;
 }
 
+// A key waits in the queue like any input, and goes to whatever has the focus as it is taken out:
+// what comes in front of it may have moved that.
 void DeskWindows::TypeKey(int virtualKey) {
+  Process* const receiver = impl_->OwnerOf(impl_->focus);
+  if (!receiver) return;
   const auto key = static_cast<WParam>(virtualKey);
-  Post(impl_->focus, wm::kKeyDown, key, 0);
-  if (const WParam character = CharacterOf(virtualKey)) Post(impl_->focus, wm::kChar, character, 0);
-  Post(impl_->focus, wm::kKeyUp, key, 0);
+  Scheduler& queue = *impl_->core().scheduler;
+  queue.PostTask(*receiver, [this, key, character = CharacterOf(virtualKey)] {
+    const Window focused = impl_->focus;
+    impl_->Ask(focused, {.id = wm::kKeyDown, .wParam = key});
+    if (character) impl_->Ask(focused, {.id = wm::kChar, .wParam = character});
+  });
+  queue.PostTask(*receiver,
+                 [this, key] { impl_->Ask(impl_->focus, {.id = wm::kKeyUp, .wParam = key}); });
 }
 
 }  // namespace corvel::desk
