@@ -17,6 +17,8 @@ class SampleWindow : public forms::Form {
   SampleWindow(forms::Forms& forms, std::map<std::string, int>& events)
       : Form(forms, "frmSample", "A sample"), events_(events) {
     for (forms::Control* control : Controls()) Follow(*control);
+    SetBorder(false);
+    SetDraggedBy(lblName);
     txtName.onChange = [this] { ++events_["txtName change"]; };
     cmdMenu.onClick = [this] { PopupMenu(menu_); };
     lstRows.onRightClick = [this] { PopupMenu(listMenu_); };
@@ -45,6 +47,7 @@ class SampleWindow : public forms::Form {
 
  protected:
   bool Form_QueryUnload(bool) override { return ++events_["close"], false; }
+  void Form_Move() override { ++events_["lblName drag"]; }
 
  private:
   void Follow(forms::Control& control) {
@@ -52,7 +55,6 @@ class SampleWindow : public forms::Form {
     control.onClick = [this, name] { ++events_[name + " click"]; };
     control.onDblClick = [this, name] { ++events_[name + " double-click"]; };
     control.onRightClick = [this, name] { ++events_[name + " right click"]; };
-    control.onDrag = [this, name](int, int) { ++events_[name + " drag"]; };
     control.onKey = [this, name](Key) { return ++events_[name + " key"], false; };
   }
   forms::MenuRow Row(const char* caption) {
