@@ -30,7 +30,7 @@ struct MessageOptions {
   bool* doNotShow = nullptr;  // the box chkNoShow is there with this state, which comes back
   // The path of a wav that has been found: the buttons are Delete, Preview and OK, whatever the
   // style says. The first two do what they say to the wav and keep the message.
-  std::string wav;
+  std::string wav{};
   forms::Form* owner = nullptr;
 };
 
@@ -43,8 +43,8 @@ inline bool AskYesNo(Program& program, std::string_view text, forms::Form* owner
 }
 
 struct InputOptions {
-  std::string title;  // of the window; "": the program's own
-  int maxLength = 0;  // characters that can be typed; 0: no limit
+  std::string title{};  // of the window; "": the program's own
+  int maxLength = 0;    // characters that can be typed; 0: no limit
   forms::Form* owner = nullptr;
 };
 

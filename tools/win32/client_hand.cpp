@@ -3,8 +3,8 @@
 
 #include "base/cp1252.h"
 #include "platform/win32/handles.h"
-#include "platform/win32/win32_peers.h"
 #include "tools/user.h"
+#include "tools/win32/message_touch.h"
 
 #include <cstdlib>
 
@@ -66,7 +66,7 @@ std::string ClientHand::Press(const Words& words) {
   const auto key = ParseKey(name);
   if (!key && name.size() != 1) return "there is no key " + words[1];
   const std::string why = GoToTyping();
-  const int code = key ? win32::VirtualKeyOf(*key) : UpperChar(name[0]);
+  const int code = key ? VirtualKeyOf(*key) : UpperChar(name[0]);
   if (why.empty()) hands_.Press(code, {.control = control});
   return why;
 }
