@@ -17,8 +17,6 @@ class SampleWindow : public forms::Form {
   SampleWindow(forms::Forms& forms, std::map<std::string, int>& events)
       : Form(forms, "frmSample", "A sample"), events_(events) {
     for (forms::Control* control : Controls()) Follow(*control);
-    SetBorder(false);
-    SetDraggedBy(lblName);
     txtName.onChange = [this] { ++events_["txtName change"]; };
     cmdMenu.onClick = [this] { PopupMenu(menu_); };
     lstRows.onRightClick = [this] { PopupMenu(listMenu_); };
@@ -47,7 +45,6 @@ class SampleWindow : public forms::Form {
 
  protected:
   bool Form_QueryUnload(bool) override { return ++events_["close"], false; }
-  void Form_Move() override { ++events_["lblName drag"]; }
 
  private:
   void Follow(forms::Control& control) {
