@@ -2,6 +2,7 @@
 #include "base/text.h"
 #include "core/dialogs.h"
 #include "core/report_error.h"
+#include "core/settings_wavs.h"
 #include "wavlib/frmTabs.h"
 #include "wavlib/path_check.h"
 #include "wavlib/wav_categories.h"
@@ -63,7 +64,7 @@ void frmTabs::cmdEditCat_Click() {
   if (!Reported(program, {"frmTabs", "cmdEditCat_Click"},
                 [&] { WriteCategory(program, name, folder); }))
     return;
-  program.store.DeleteValue("Categories", oldName);
+  program.settings.Categories.Delete(oldName);
   if (frmTabs* list = Standing()) list->RenameEntry(oldName, name);
 }
 
@@ -73,7 +74,7 @@ void frmTabs::RenameEntry(const std::string& oldName, const std::string& name) {
   const int row = cboList.AddItem(name, cboList.ListCount() - 1);
   if (!shown) return;
   SelectCategoryQuietly(row);
-  program.store.WriteKey("Wav List", "Default Category", name);
+  program.settings.WavList.DefaultCategory.Set(name);
 }
 
 void frmTabs::cmdDelCat_Click() {
@@ -89,7 +90,7 @@ void frmTabs::cmdDelCat_Click() {
                              ".~B~CN~N ~NThis action will ~Bnot~B delete actual wavs.~N ~NDo you "
                              "wish to proceed?"))
     return;
-  program.store.DeleteValue("Categories", name);
+  program.settings.Categories.Delete(name);
   if (frmTabs* list = Standing()) list->RemoveEntry(name);
 }
 

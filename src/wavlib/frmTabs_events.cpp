@@ -3,6 +3,7 @@
 #include "core/dialogs.h"
 #include "core/helpers.h"
 #include "core/report_error.h"
+#include "core/settings_wavs.h"
 #include "wavlib/frmDescrip.h"
 #include "wavlib/frmEditDesc.h"
 #include "wavlib/frmTabs.h"
@@ -199,7 +200,7 @@ void frmTabs::SendCurrentToText() {
 }
 
 void frmTabs::chkGarland_Click() {
-  program.store.WriteKey("Wav List", "Garland", chkGarland.Value() == 1 ? "On" : "Off");
+  program.settings.WavList.Garland.Set(chkGarland.Value() == 1);
 }
 
 void frmTabs::cmdFadeWav_Click() {
@@ -245,7 +246,7 @@ void frmTabs::EditWavDescrip() {
 
 void frmTabs::ToggleDescrip() {
   auto& settings = program.settings.Descriptions;
-  settings.Show = !settings.Show;
+  settings.Show.SetForThisRun(!settings.Show);
   if (!settings.Show) {
     lstWav.SetToolTip("");
     if (frmDescrip* window = program.forms.Loaded<frmDescrip>()) window->Hide();

@@ -65,7 +65,7 @@ class Evening : public testing::Test {
   void Click(std::int64_t ms, const std::string& name) {
     script_.Then(ms, [this, name] {
       const auto control = Find(name);
-      if (control) EXPECT_EQ(desk().peers().Click(control->window).refusal, "") << name;
+      if (control) EXPECT_EQ(stage_.hand().Click(control->window).refusal, "") << name;
     });
   }
   // The button of that window that reads so.
@@ -75,7 +75,7 @@ class Evening : public testing::Test {
       ASSERT_TRUE(window) << form;
       for (const auto& control : desk().peers().ControlsOf(window->window))
         if (control.state->visible && tools::PlainCaption(control.state->text) == caption) {
-          EXPECT_EQ(desk().peers().Click(control.window).refusal, "") << caption;
+          EXPECT_EQ(stage_.hand().Click(control.window).refusal, "") << caption;
           return;
         }
       ADD_FAILURE() << form << " has no button " << caption;
@@ -86,19 +86,19 @@ class Evening : public testing::Test {
       const auto control = Find(name);
       if (!control) return;
       const int row = tools::User::FindRow(*control->state, item);
-      EXPECT_EQ(desk().peers().Select(control->window, row, false).refusal, "") << item;
+      EXPECT_EQ(stage_.hand().Select(control->window, row, false).refusal, "") << item;
     });
   }
   void Type(std::int64_t ms, const std::string& name, const std::string& text) {
     script_.Then(ms, [this, name, text] {
       const auto control = Find(name);
-      if (control) EXPECT_EQ(desk().peers().Type(control->window, text).refusal, "") << name;
+      if (control) EXPECT_EQ(stage_.hand().Type(control->window, text).refusal, "") << name;
     });
   }
   void RightClick(std::int64_t ms, const std::string& name, const std::string& row) {
     script_.Then(ms, [this, name] {
       const auto control = Find(name);
-      if (control) EXPECT_EQ(desk().peers().RightClick(control->window).refusal, "") << name;
+      if (control) EXPECT_EQ(stage_.hand().RightClick(control->window).refusal, "") << name;
     });
     script_.Then(50, [this, row] { EXPECT_EQ(user_.Choose({row}), ""); });
   }

@@ -114,7 +114,7 @@ TEST_P(ClosingRoom, IsNotHookedAgain) {
     EXPECT_EQ(Lines(), 1U);
     std::string why;  // the message that there is no room
     if (const auto ok = user_.FindControl("frmMsg.Command1(0)", why)) {
-      EXPECT_EQ(desk().peers().Click(ok->window).refusal, "");
+      EXPECT_EQ(stage_.hand().Click(ok->window).refusal, "");
     }
   });
   Look(500, [this] { EXPECT_EQ(Hooks(), hooksBefore_ - 4); });
@@ -288,13 +288,13 @@ TEST_F(Sending, DescriptionWindowIsMovedByItsTextAndRemembersItsPlace) {
   store.WriteKey("Descriptions", "Width", "6000");
   store.WriteKey("Descriptions", "Height", "900");
   std::string why;
-  Look(0, [&] { desk().peers().RightClick(user_.FindControl("frmTabs.lstWav", why)->window); });
+  Look(0, [&] { stage_.hand().RightClick(user_.FindControl("frmTabs.lstWav", why)->window); });
   Look(50, [&] { EXPECT_EQ(user_.Choose({"Show Wav Descriptions"}), ""); });
   Look(50, [&] {
     const auto text = user_.FindControl("frmDescrip.lblDes", why);
     ASSERT_TRUE(text) << why;
     EXPECT_EQ(text->state->place, (Rect{0, 0, 400, 60}));
-    EXPECT_EQ(desk().peers().Drag(text->window, 10, -20).refusal, "");
+    EXPECT_EQ(stage_.hand().Drag(text->window, 10, -20).refusal, "");
   });
   Look(50, [&] {
     EXPECT_EQ(user_.FindForm("frmDescrip")->state->place, (Rect{210, 80, 400, 60}));
