@@ -223,6 +223,7 @@ TEST_F(FoundWavTest, GoesToTheRecycleBinIfTheUserWantsIt) {
               "~BDelete ~CRC:\\AOL\\boing.wav~CN ?~B~N ~NWould you like to send the above wav to "
               "the Windows Recycle Bin?");
     EXPECT_FALSE(desk_.peers().Forms().front().state->enabled) << "the message waits";
+    EXPECT_TRUE(desk_.peers().FindForm("frmMsg")->state->topMost);
   });
   ThenClick("frmMsg", "Command1", 1);  // No
   ThenExpectEnabled(true);
@@ -270,9 +271,9 @@ TEST_F(DialogsTest, TheFolderChooserWalksTheTree) {
     Then([=, this] {
       const auto& items = State("frmCMDialog", "Dir1").items;
       const auto at = std::find(items.begin(), items.end(), row) - items.begin();
-      desk_.peers().Select(Find("frmCMDialog", "Dir1", -1), static_cast<int>(at), false);
+      hand_.Select(Find("frmCMDialog", "Dir1", -1), static_cast<int>(at), false);
     });
-    Then([this] { desk_.peers().DoubleClick(Find("frmCMDialog", "Dir1", -1)); });
+    Then([this] { hand_.DoubleClick(Find("frmCMDialog", "Dir1", -1)); });
   };
   walk("Wavs");
   walk("Deep");
