@@ -37,8 +37,9 @@ class PracticeClient {
   Reply Do(const std::vector<std::string>& words);
   // One question: `input` (the chat input's text), `view` (the room's view), `room` (its name, ""
   // for none), `line-seen PERSON TEXT` ("1"/"0"), `im PERSON text|open`,
-  // `mail to|subject|body|attached`, `menu CAPTION` ("1"/"0"), `enabled` (its main window),
-  // `signed-on-as`, `target` (the window class and caption on top).
+  // `mail to|subject|body|attached`, `window CAPTION state|visible|text|place`, `menu CAPTION`
+  // ("1"/"0"), `enabled` (its main window), `signed-on-as`, `target` (the window class and caption
+  // on top).
   Reply Ask(const std::vector<std::string>& words);
 
   // A second process of this client was started with "-s" and a target: go there.

@@ -65,8 +65,8 @@ const PlainButton& DefaultPlainButton(int style) {
   return chosen.caption ? chosen : PlainButtons(style)[0];
 }
 
-template <class T>
-std::optional<std::optional<T>> Take(AnswerQueue<T>& queue) {
+template <class Answer>
+std::optional<Answer> Take(std::deque<Answer>& queue) {
   if (queue.empty()) return std::nullopt;
   auto taken = std::move(queue.front());
   queue.pop_front();
@@ -78,7 +78,13 @@ std::optional<std::optional<T>> Take(AnswerQueue<T>& queue) {
 const Answers::FormAnswer Answers::kForms[] = {{"frmMsg", &Answers::AnswerMessage},
                                                {"frmReport", &Answers::AnswerMessage},
                                                {"frmInpBox", &Answers::AnswerInput},
-                                               {"frmCMDialog", &Answers::AnswerFolder}};
+                                               {"frmCMDialog", &Answers::AnswerFolder, false}};
+
+bool Answers::IsQuestion(const FormState& form) {
+  return std::any_of(std::begin(kForms), std::end(kForms), [&](const FormAnswer& one) {
+    return one.always && EqualNoCase(form.name, one.form);
+  });
+}
 
 bool Answers::Act() {
   if (stage_.HandIsBusy() || !stage_.ProgramWaitsForUser()) return false;
@@ -111,13 +117,6 @@ void Answers::Journal(std::string_view kind, const std::string& text, const std:
   if (!queued) unexpected.push_back({stage_.journal().Entries().size() - 1, text, line});
 }
 
-std::optional<std::string> Answers::TakeButton() {
-  if (buttons.empty()) return std::nullopt;
-  std::string caption = std::move(buttons.front());
-  buttons.pop_front();
-  return caption;
-}
-
 void Answers::Press(const FormView& form, const std::string& caption) {
   const auto controls = stage_.ControlsOf(form.window);
   const ControlView* const button = FindButton(controls, caption);
@@ -140,7 +139,7 @@ void Answers::Fill(const FormView& form, const char* boxName,
 
 bool Answers::AnswerMessage(const FormView& form) {
   const auto controls = stage_.ControlsOf(form.window);
-  const auto queued = TakeButton();
+  const auto queued = Take(buttons);
   if (queued == "nobody") {
     Journal("message", TextOf(controls), *queued, true);
     left_.insert(form.window);
@@ -160,10 +159,13 @@ bool Answers::AnswerMessage(const FormView& form) {
 
 bool Answers::AnswerInput(const FormView& form) {
   const auto queued = Take(inputs);
-  const std::optional<std::string> text = queued ? *queued : std::nullopt;
-  const auto controls = stage_.ControlsOf(form.window);
-  Journal("input-box", TextOf(controls), text ? *text : "Cancel", queued.has_value());
-  Fill(form, "txtInput", text);
+  const Input answer = queued.value_or(Input{});
+  const std::string told = answer.nobody ? "nobody" : answer.text.value_or("Cancel");
+  Journal("input-box", TextOf(stage_.ControlsOf(form.window)), told, queued.has_value());
+  if (answer.nobody)
+    left_.insert(form.window);
+  else
+    Fill(form, "txtInput", answer.text);
   return true;
 }
 
@@ -209,7 +211,7 @@ void Answers::AnswerColorPrompt(Prompt& prompt) {
 }
 
 void Answers::AnswerPlainBox(Prompt& prompt) {
-  const auto queued = TakeButton();
+  const auto queued = Take(buttons);
   const PlainButton* chosen = &DefaultPlainButton(prompt.style);
   if (queued) {
     const PlainButton* const set = PlainButtons(prompt.style);

@@ -22,11 +22,19 @@ class Answers {
   Answers(Stage& stage, User& user) : stage_(stage), user_(user) {}
 
   std::deque<std::string> buttons;  // captions, for message boxes
-  AnswerQueue<std::string> inputs, files, folders;
+  struct Input {
+    std::optional<std::string> text;  // nothing is Cancel
+    bool nobody = false;              // nobody answers it
+  };
+  std::deque<Input> inputs;
+  AnswerQueue<std::string> files, folders;
   AnswerQueue<Color> colors;
 
   // Answers the dialog that waits in front, if any. True: it did something.
   bool Act();
+  // This window is always answered. The folder chooser is played like any other unless an answer is
+  // queued.
+  static bool IsQuestion(const FormState& form);
   // Told once: why a queued answer could not be given.
   std::string TakeFailure();
 
@@ -43,6 +51,7 @@ class Answers {
   struct FormAnswer {
     const char* form;
     bool (Answers::*answer)(const FormView& form);
+    bool always = true;
   };
   static const FormAnswer kForms[];
 
@@ -55,7 +64,6 @@ class Answers {
   bool AnswerFolder(const FormView& form);
   void Journal(std::string_view kind, const std::string& text, const std::string& answer,
                bool queued);
-  std::optional<std::string> TakeButton();
   void Fill(const FormView& form, const char* boxName, const std::optional<std::string>& text);
   bool PressFilled(const FormView& form);
   void Press(const FormView& form, const std::string& caption);
@@ -63,7 +71,7 @@ class Answers {
   Stage& stage_;
   User& user_;
   std::set<Window> told_;  // message boxes that are in the journal already
-  std::set<Window> left_;  // message boxes that nobody answers
+  std::set<Window> left_;  // message and input boxes that nobody answers
   std::string failure_;
   Window filled_{};  // has got its text by `typed_`; its button is still to be pressed
   Deed typed_;

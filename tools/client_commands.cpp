@@ -11,8 +11,8 @@ namespace {
 Failure PlayInClient(Play& play, const Words& words) {
   const std::string what = "do " + words[0];
   const auto reply = std::make_shared<practice::Reply>();
-  play.Then([&play, reply, what] { return play.Await({.refusal = reply->error}, what); });
-  return play.Await(play.stage.DoInClient(words.All(), reply), what);
+  return play.Await(play.stage.DoInClient(words.All(), reply), what,
+                    [reply] { return reply->error; });
 }
 
 // --- Its deaths ----------------------------------------------------------------------------------
@@ -62,13 +62,17 @@ Failure PlayCrash(Play& play, const Words& words) {
 
 // --- Its user's keys and the people --------------------------------------------------------------
 
-constexpr const char* kClientKeys[] = {"enter",  "ctrl+enter", "tab", "backspace",
-                                       "escape", "delete",     "up",  "down"};
+constexpr const char* kClientKeys[] = {"enter",  "tab", "backspace", "escape",
+                                       "delete", "up",  "down"};
 
 std::string CheckKeyAt(const Words& words, std::size_t at) {
+  std::string_view name = words[at];
+  const bool control = TakeControl(name);
   for (const char* key : kClientKeys)
-    if (words[at] == key) return {};
-  return "the keys are enter, ctrl+enter, tab, backspace, escape, delete, up and down";
+    if (name == key) return {};
+  if (control && name.size() == 1 && name[0] >= 'a' && name[0] <= 'z') return {};
+  return "the keys are enter, tab, backspace, escape, delete, up and down, each also with ctrl+, "
+         "and ctrl+ with a letter";
 }
 
 std::string CheckKey(const Words& words) { return CheckKeyAt(words, 1); }

@@ -21,10 +21,6 @@ std::string Spoken(const std::vector<std::string>& words, bool firstIsBare) {
   return text;
 }
 
-std::string Failed(const Words& words, const std::string& got) {
-  return "expected " + Spoken(words.From(1), true) + ", got " + got;
-}
-
 std::string ListOf(const std::vector<std::string>& items) {
   return items.empty() ? "nothing" : Spoken(items, false);
 }
@@ -51,6 +47,7 @@ using E = Expectations;
 std::span<const E::Form> E::Table() {
   static const Form kTable[] = {
       {"line", "line \"TEXT\"", 1, 1, &E::InOrder},
+      {"line-like", "line-like \"TEXT\"", 1, 1, &E::LikeInOrder},
       {"no-line", "no-line", 0, 0, &E::NoMore},
       {"line-seen", "line-seen PERSON \"TEXT\"", 2, 2, &E::LineSeen},
       {"message", "message \"TEXT\"", 1, 1, &E::Message},
@@ -64,6 +61,7 @@ std::span<const E::Form> E::Table() {
       {"im-sent", "im-sent PERSON \"TEXT\"", 2, 2, &E::InOrder},
       {"mail", "mail to|subject|body|attached|body-has \"TEXT\"", 2, 2, &E::Mail},
       {"opened", "opened \"TARGET\"", 1, 1, &E::InOrder},
+      {"opened-like", "opened-like \"TEXT\"", 1, 1, &E::LikeInOrder},
       {"help", "help \"FILE\" \"TOPIC\"", 2, 2, &E::PathInOrder},
       {"setting", "setting \"SECTION\" \"NAME\" \"VALUE\"", 3, 3, &E::Setting},
       {"no-setting", "no-setting \"SECTION\" \"NAME\"", 2, 2, &E::NoSetting},
@@ -79,10 +77,14 @@ std::span<const E::Form> E::Table() {
       {"disabled", "disabled FORM.CONTROL", 1, 1, &E::Enabled},
       {"tip", "tip FORM.CONTROL \"TEXT\"", 2, 2, &E::Tip},
       {"popup", "popup \"ROW\"...", 0, kAny, &E::Popup},
+      {"greyed", "greyed \"ROW\"", 1, 1, &E::Greyed},
       {"input", "input \"TEXT\"", 1, 1, &E::Input},
       {"im", "im PERSON has \"TEXT\" | open | closed", 2, 3, &E::Im},
       {"client-menu", "client-menu \"CAPTION\"", 1, 1, &E::ClientMenu},
       {"no-client-menu", "no-client-menu \"CAPTION\"", 1, 1, &E::ClientMenu},
+      {"window", "window \"CAPTION\" [shown | hidden | closed | has \"TEXT\"]", 1, 3, &E::Window},
+      {"no-window", "no-window \"CAPTION\"", 1, 1, &E::NoWindow},
+      {"place", "place \"CAPTION\" LEFT TOP WIDTH HEIGHT", 5, 5, &E::Place},
       {"hooked", "hooked N", 1, 1, &E::Hooked},
       {"tray-icon", "tray-icon", 0, 0, &E::Tray},
       {"no-tray-icon", "no-tray-icon", 0, 0, &E::Tray},
@@ -130,19 +132,28 @@ const desk::JournalEntry* E::NextOf(std::initializer_list<std::string_view> kind
   return nullptr;
 }
 
-std::string E::Happened(const Words& words, bool pathText) {
-  const Entry* const entry = NextOf({words[1]});
-  if (!entry) return Failed(words, "no " + words[1]);
+std::string E::Happened(const Words& words, const std::string& kind, const SameText& same) {
+  const Entry* const entry = NextOf({kind});
+  if (!entry) return Failed(words, "no " + kind);
   const auto got = Compared(*entry), wanted = words.From(2);
-  const bool same = std::equal(got.begin(), got.end(), wanted.begin(), wanted.end(),
-                               [&](const std::string& a, const std::string& b) {
-                                 return pathText ? EqualNoCase(a, b) : a == b;
-                               });
-  return same ? "" : Failed(words, words[1] + " " + ListOf(got));
+  const bool holds = std::equal(got.begin(), got.end(), wanted.begin(), wanted.end(), same);
+  return holds ? "" : Failed(words, kind + " " + ListOf(got));
 }
 
-std::string E::InOrder(const Words& words) { return Happened(words, false); }
-std::string E::PathInOrder(const Words& words) { return Happened(words, true); }
+std::string E::InOrder(const Words& words) {
+  return Happened(words, words[1], std::equal_to<std::string>());
+}
+
+std::string E::PathInOrder(const Words& words) {
+  return Happened(words, words[1], [](const auto& a, const auto& b) { return EqualNoCase(a, b); });
+}
+
+std::string E::LikeInOrder(const Words& words) {
+  constexpr std::string_view kLike = "-like";
+  return Happened(
+      words, words[1].substr(0, words[1].size() - kLike.size()),
+      [](const auto& got, const auto& part) { return got.find(part) != std::string::npos; });
+}
 
 // An input box's text may be named like a message, but is passed over if it isn't.
 std::string E::Message(const Words& words) {
@@ -171,6 +182,10 @@ std::string E::Recycled(const Words& words) {
 }
 
 // --- What stands now -----------------------------------------------------------------------------
+
+std::string E::Failed(const Words& words, const std::string& got) {
+  return "expected " + Spoken(words.From(1), true) + ", got " + got;
+}
 
 std::string E::Same(const Words& words, const std::string& got, const std::string& wanted) {
   return got == wanted ? "" : Failed(words, Quoted(got));
@@ -260,57 +275,12 @@ std::string E::Popup(const Words& words) {
   return Flag(words, rows == words.From(2), ListOf(rows));
 }
 
-// --- What the client says ------------------------------------------------------------------------
-
-std::string E::Ask(const std::vector<std::string>& question, std::string& why) {
-  if (stage_.ClientHangs()) {
-    why = "the client hangs";
-    return {};
-  }
-  const practice::Reply reply = stage_.AskClient(question);
-  why = reply.error;
-  return reply.answers.empty() ? "" : reply.answers.front();
+std::string E::Greyed(const Words& words) {
+  const auto greyed = user_.IsGreyed(words[2]);
+  return Flag(words, greyed.value_or(false), greyed ? "it can be chosen" : "no such row");
 }
 
-std::string E::LineSeen(const Words& words) {
-  std::string why;
-  const bool seen = Ask({"line-seen", words[2], words[3]}, why) == "1";
-  if (seen) return {};
-  return Failed(words, why.empty() ? "no such line" : why);
-}
-
-std::string E::Mail(const Words& words) {
-  const bool part = words[2] == "body-has";
-  std::string why;
-  const std::string got = Ask({"mail", part ? "body" : words[2]}, why);
-  if (!why.empty()) return Failed(words, why);
-  return Flag(words, part ? got.find(words[3]) != std::string::npos : got == words[3], Quoted(got));
-}
-
-std::string E::Input(const Words& words) {
-  std::string why;
-  const std::string got = Ask({"input"}, why);
-  return why.empty() ? Same(words, got, words[2]) : Failed(words, why);
-}
-
-std::string E::Im(const Words& words) {
-  std::string why;
-  if (words[3] == "has") {
-    const std::string got = Ask({"im", words[2], "text"}, why);
-    if (!why.empty()) return Failed(words, why);
-    return Flag(words, got.find(words[4]) != std::string::npos, Quoted(got));
-  }
-  const bool open = Ask({"im", words[2], "open"}, why) == "1";
-  if (!why.empty()) return Failed(words, why);
-  return Flag(words, open == (words[3] == "open"), open ? "it is open" : "it is not open");
-}
-
-std::string E::ClientMenu(const Words& words) {
-  std::string why;
-  const bool there = Ask({"menu", words[2]}, why) == "1";
-  if (!why.empty()) return Failed(words, why);
-  return Flag(words, there == (words[1] == "client-menu"), there ? "the row" : "no such row");
-}
+// --- The two processes ---------------------------------------------------------------------------
 
 std::string E::Hooked(const Words& words) {
   return Same(words, std::to_string(stage_.HookCount()), words[2]);
@@ -324,20 +294,6 @@ std::string E::Tray(const Words& words) {
 std::string E::Running(const Words& words) {
   const bool runs = stage_.ProgramRuns();
   return Flag(words, runs == (words[1] == "running"), runs ? "it is running" : "it has ended");
-}
-
-std::string E::ClientRunning(const Words& words) {
-  const bool runs = stage_.ClientRuns();
-  return Flag(words, runs == (words[1] == "client-running"),
-              runs ? "it is running" : "it has ended");
-}
-
-std::string E::ClientEnabled(const Words& words) {
-  std::string why;
-  const bool enabled = Ask({"enabled"}, why) == "1";
-  if (!why.empty()) return Failed(words, why);
-  return Flag(words, enabled == (words[1] == "client-enabled"),
-              enabled ? "it is enabled" : "it is disabled");
 }
 
 }  // namespace corvel::tools

@@ -5,6 +5,7 @@
 #include "tools/user.h"
 
 #include <cstddef>
+#include <functional>
 #include <map>
 #include <span>
 #include <string>
@@ -45,7 +46,9 @@ class Expectations {
  private:
   using Entry = desk::JournalEntry;
   const Entry* NextOf(std::initializer_list<std::string_view> kinds);
-  std::string Happened(const Words& words, bool pathText);
+  using SameText = std::function<bool(const std::string& got, const std::string& wanted)>;
+  std::string Happened(const Words& words, const std::string& kind, const SameText& same);
+  static std::string Failed(const Words& words, const std::string& got);
   std::string Ask(const std::vector<std::string>& question, std::string& why);
   std::string Same(const Words& words, const std::string& got, const std::string& wanted);
   std::string Flag(const Words& words, bool holds, const std::string& otherwise);
@@ -54,6 +57,7 @@ class Expectations {
 
   std::string InOrder(const Words& words);
   std::string PathInOrder(const Words& words);
+  std::string LikeInOrder(const Words& words);
   std::string Message(const Words& words);
   std::string NoMore(const Words& words);
   std::string LineSeen(const Words& words);
@@ -70,9 +74,13 @@ class Expectations {
   std::string Enabled(const Words& words);
   std::string Tip(const Words& words);
   std::string Popup(const Words& words);
+  std::string Greyed(const Words& words);
   std::string Input(const Words& words);
   std::string Im(const Words& words);
   std::string ClientMenu(const Words& words);
+  std::string Window(const Words& words);
+  std::string NoWindow(const Words& words);
+  std::string Place(const Words& words);
   std::string Hooked(const Words& words);
   std::string Running(const Words& words);
   std::string ClientRunning(const Words& words);

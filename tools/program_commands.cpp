@@ -27,27 +27,41 @@ std::string CheckControl(const Words& words) {
 
 // --- Menus ---------------------------------------------------------------------------------------
 
-struct ToolbarMenu {
+// Where the user clicks to have a menu. Two windows may have one of the same name: the toolbar's
+// come first.
+struct MenuPlace {
+  const char* form;
   const char* menu;
-  const char* button;
-  bool rightClick;
+  const char* control;
+  bool rightClick = false;
 };
-constexpr ToolbarMenu kToolbar[] = {{"mnuMenu", "cmdMenu", false},
-                                    {"mnuWavs", "cmdWavs", false},
-                                    {"mnuIMs", "cmdIMs", false},
-                                    {"mnuHotWords", "cmdPeople", false},
-                                    {"mnuEditor", "cmdHugs", true}};
+constexpr MenuPlace kMenus[] = {{"frmCV7", "mnuMenu", "cmdMenu"},
+                                {"frmCV7", "mnuWavs", "cmdWavs"},
+                                {"frmCV7", "mnuIMs", "cmdIMs"},
+                                {"frmCV7", "mnuHotWords", "cmdPeople"},
+                                {"frmCV7", "mnuEditor", "cmdHugs", true},
+                                {"frmTabs", "mnuWav", "lstWav", true},
+                                {"frmTabs", "mnuFavWav", "cmdFav"},
+                                {"frmTabs", "mnuPrLst", "cmdPrint"},
+                                {"frmEditDesc", "mnuPrintItem", "cmdPrint"}};
 
-const ToolbarMenu* FindToolbarMenu(const std::string& name) {
-  for (const ToolbarMenu& menu : kToolbar)
-    if (EqualNoCase(name, menu.menu)) return &menu;
+// "mnuWav", or "frmTabs.mnuWav".
+const MenuPlace* FindMenu(const std::string& name) {
+  const auto point = name.find('.');
+  const std::string form = point == std::string::npos ? "" : name.substr(0, point);
+  const std::string menu = point == std::string::npos ? name : name.substr(point + 1);
+  for (const MenuPlace& place : kMenus)
+    if (EqualNoCase(menu, place.menu) && (form.empty() || EqualNoCase(form, place.form)))
+      return &place;
   return nullptr;
 }
 
 std::string CheckMenu(const Words& words) {
-  return FindToolbarMenu(words[1]) ? ""
-                                   : "the menus are mnuMenu, mnuWavs, mnuIMs, mnuHotWords and "
-                                     "mnuEditor";
+  if (FindMenu(words[1])) return {};
+  std::string known;
+  for (const MenuPlace& place : kMenus)
+    known += (known.empty() ? "" : ", ") + (place.form + ("." + std::string(place.menu)));
+  return "the menus are " + known;
 }
 
 // Chooses rows of the pop-up as soon as it is open; one that lacks them is put away again.
@@ -61,9 +75,9 @@ void ThenChoose(Play& play, std::vector<std::string> path) {
 }
 
 Failure PlayMenu(Play& play, const Words& words) {
-  const ToolbarMenu& menu = *FindToolbarMenu(words[1]);
+  const MenuPlace& menu = *FindMenu(words[1]);
   std::string why;
-  const auto button = play.user.FindControl("frmCV7." + std::string(menu.button), why);
+  const auto button = play.user.FindControl(menu.form + ("." + std::string(menu.control)), why);
   if (!button) return "expected to open " + words[1] + ", got " + why;
   const Deed deed =
       menu.rightClick ? play.stage.RightClick(button->window) : play.stage.Click(button->window);
@@ -79,7 +93,7 @@ Failure PlayTrayMouse(Play& play, LParam mouse) {
 }
 
 Failure PlayTray(Play& play, const Words& words) {
-  ThenChoose(play, words.From(1));
+  if (words.size() > 1) ThenChoose(play, words.From(1));
   return PlayTrayMouse(play, kMouseRightUp);
 }
 
@@ -167,6 +181,34 @@ Failure PlayKeyIn(Play& play, const Words& words) {
   });
 }
 
+std::string CheckDrag(const Words& words) {
+  const bool numbers = IsNumeric(words[2]) && IsNumeric(words[3]);
+  return numbers ? CheckControl(words) : "numbers of pixels are wanted";
+}
+
+Failure PlayDrag(Play& play, const Words& words) {
+  return AtControl(play, words, [&](const ControlView& at) {
+    return play.stage.Drag(at.window, IntVal(words[2]), IntVal(words[3]));
+  });
+}
+
+// The window's one tab strip; a tab is known by what it reads.
+Failure PlayTab(Play& play, const Words& words) {
+  const std::string what = "turn " + words[1] + " to its tab \"" + words[2] + "\"";
+  const auto form = play.user.FindForm(words[1]);
+  if (!form) return "expected to " + what + ", got it is not loaded";
+  auto strips = play.stage.ControlsOf(form->window);
+  std::erase_if(strips, [](const ControlView& control) {
+    return control.state->kind != ControlKind::kTabStrip || !control.state->visible;
+  });
+  if (strips.size() != 1)
+    return "expected to " + what + ", got it shows " + std::to_string(strips.size()) +
+           " tab strips";
+  const int row = User::FindCaption(*strips[0].state, words[2]);
+  if (row < 0) return "expected to " + what + ", got no such tab";
+  return play.Await(play.stage.Select(strips[0].window, row, false), what);
+}
+
 Failure PlayClose(Play& play, const Words& words) {
   const auto form = play.user.FindForm(words[1]);
   if (!form) return "expected to close " + words[1] + ", got it is not loaded";
@@ -177,6 +219,13 @@ Failure PlayClose(Play& play, const Words& words) {
 
 Failure PlayAnswer(Play& play, const Words& words) {
   play.answers.buttons.push_back(words[1]);
+  return {};
+}
+
+Failure PlayInputAnswer(Play& play, const Words& words) {
+  const bool nobody = words.IsBare(1, "nobody"), cancel = words.IsBare(1, "cancel");
+  play.answers.inputs.push_back(
+      {nobody || cancel ? std::nullopt : std::optional(words[1]), nobody});
   return {};
 }
 
@@ -205,7 +254,7 @@ Failure PlayColorAnswer(Play& play, const Words& words) {
 
 constexpr Command kProgramCommands[] = {
     {"menu", "MENU \"ROW\" [\"ROW\"]", 2, 3, When::kRun, PlayMenu, CheckMenu},
-    {"tray", "\"ROW\" [\"ROW\"]", 1, 2, When::kRun, PlayTray},
+    {"tray", "[\"ROW\"] [\"ROW\"]", 0, 2, When::kRun, PlayTray},
     {"tray-dblclick", "", 0, 0, When::kRun, PlayTrayDoubleClick},
     {"popup", "\"ROW\" [\"ROW\"]", 1, 2, When::kRun, PlayPopup, nullptr, true},
     {"click", "FORM.CONTROL", 1, 1, When::kRun, PlayClick, CheckControl},
@@ -216,10 +265,12 @@ constexpr Command kProgramCommands[] = {
     {"check", "FORM.CONTROL on|off", 2, 2, When::kRun, PlayCheck, CheckCheck},
     {"key-in", "FORM.CONTROL KEY", 2, 2, When::kRun, PlayKeyIn, CheckKeyIn},
     {"type-into", "FORM.CONTROL \"TEXT\"", 2, 2, When::kRun, PlayTypeInto, CheckControl},
+    {"tab", "FORM \"CAPTION\"", 2, 2, When::kRun, PlayTab},
+    {"drag", "FORM.CONTROL DX DY", 3, 3, When::kRun, PlayDrag, CheckDrag},
     {"close", "FORM", 1, 1, When::kRun, PlayClose},
     {"answer", "BUTTON", 1, 1, When::kAnyTime, PlayAnswer, nullptr, true},
-    {"answer-input", "\"TEXT\"|cancel", 1, 1, When::kAnyTime, PlayTextAnswer<&Answers::inputs>,
-     nullptr, true},
+    {"answer-input", "\"TEXT\"|cancel|nobody", 1, 1, When::kAnyTime, PlayInputAnswer, nullptr,
+     true},
     {"answer-file", "\"PATH\"|cancel", 1, 1, When::kAnyTime, PlayTextAnswer<&Answers::files>,
      nullptr, true},
     {"answer-folder", "\"PATH\"|cancel", 1, 1, When::kAnyTime, PlayTextAnswer<&Answers::folders>,

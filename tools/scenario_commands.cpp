@@ -2,6 +2,7 @@
 #include "tools/scenario_commands.h"
 
 #include "base/cp1252.h"
+#include "base/text.h"
 #include "tools/expectations.h"
 
 #include <charconv>
@@ -45,6 +46,21 @@ std::string CheckMail(const Words& words) {
   return "it is to, subject, body, attached or body-has";
 }
 
+std::string CheckWindow(const Words& words) {
+  const bool state =
+      words.IsBare(3, "shown") || words.IsBare(3, "hidden") || words.IsBare(3, "closed");
+  if (words.size() == 3 || (state && words.size() == 4)) return {};
+  return words.IsBare(3, "has") && words.size() == 5
+             ? ""
+             : "it is shown, hidden, closed or has \"TEXT\"";
+}
+
+std::string CheckPlace(const Words& words) {
+  for (std::size_t i = 3; i < words.size(); ++i)
+    if (words[i] != std::to_string(IntVal(words[i]))) return "whole numbers of pixels are wanted";
+  return {};
+}
+
 std::string CheckExpectedControl(const Words& words) {
   const auto name = ParseControlName(words[2]);
   const bool whole = words[1] == "value";  // of a window: its caption
@@ -63,6 +79,8 @@ struct ExpectCheck {
 };
 constexpr ExpectCheck kExpectChecks[] = {{"im", CheckIm},
                                          {"mail", CheckMail},
+                                         {"window", CheckWindow},
+                                         {"place", CheckPlace},
                                          {"value", CheckExpectedControl},
                                          {"items", CheckExpectedControl},
                                          {"enabled", CheckExpectedControl},
@@ -98,10 +116,14 @@ double ParseSeconds(const std::string& word, double most) {
 
 const Command* FindCommand(std::string_view word) {
   if (word == kExpect.word) return &kExpect;
-  for (const auto table : {SceneCommands(), ClientCommands(), ProgramCommands()})
+  for (const auto table : {SceneCommands(), ClientCommands(), ProgramCommands(), TimingCommands()})
     for (const Command& command : table)
       if (word == command.word) return &command;
   return nullptr;
+}
+
+const Command* CommandGiven(const Words& words) {
+  return FindCommand(words[words.size() > 1 && words.IsBare(0, "begin") ? 1 : 0]);
 }
 
 std::string CheckCommand(const Words& words) {
@@ -124,6 +146,7 @@ std::string CommandHelp() {
   add(SceneCommands(), "Before the start:\n");
   add(ClientCommands(), "The client, its user and the people in it:\n");
   add(ProgramCommands(), "The user in the program:\n");
+  add(TimingCommands(), "Several things at once:\n");
   text += "Expectations:\n";
   for (const Expectations::Form& form : Expectations::Table())
     if (form.check) text += "  expect " + std::string(form.form) + "\n";

@@ -34,9 +34,12 @@ inline constexpr std::size_t kAnyNumber = 1000;
 std::span<const Command> SceneCommands();
 std::span<const Command> ClientCommands();
 std::span<const Command> ProgramCommands();
+std::span<const Command> TimingCommands();
 
 // The row for a command's word, or nullptr.
 const Command* FindCommand(std::string_view word);
+// The same for the command that a line gives, be it to be begun only.
+const Command* CommandGiven(const Words& words);
 
 // What is wrong with the line as a command, whatever the play is at; "" if nothing.
 std::string CheckCommand(const Words& words);

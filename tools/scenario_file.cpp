@@ -134,6 +134,12 @@ std::vector<std::string> Words::From(std::size_t first) const {
   return texts;
 }
 
+Words Words::Behind(std::size_t first) const {
+  Words behind;
+  for (std::size_t i = first; i < words_.size(); ++i) behind.words_.push_back(words_[i]);
+  return behind;
+}
+
 Words ParseScenarioLine(std::string_view utf8, const ReadBeside& readBeside, std::string& error) {
   error.clear();
   if (IsComment(utf8)) return {};

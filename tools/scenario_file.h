@@ -20,6 +20,8 @@ class Words {
   // The word stands there without quotes and reads so: a keyword where a text could stand too.
   bool IsBare(std::size_t at, std::string_view text) const;
   std::vector<std::string> From(std::size_t first) const;
+  // The words from there on, as a line of their own.
+  Words Behind(std::size_t first) const;
   std::vector<std::string> All() const { return From(0); }
 
  private:

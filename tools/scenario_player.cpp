@@ -79,7 +79,8 @@ void CheckScenario(ScenarioFile& file) {
       file.errors.push_back({line.number, error});
     else if (started && SetsScene(line))
       file.errors.push_back({line.number, line.words[0] + " can stand before the start only"});
-    started = started || line.words[0] == "start";
+    const Command* const given = CommandGiven(line.words);
+    started = started || (given && given->word == std::string_view("start"));
   }
   std::stable_sort(file.errors.begin(), file.errors.end(),
                    [](const auto& a, const auto& b) { return a.line < b.line; });

@@ -1,6 +1,7 @@
 // One run of a scenario; see scenario_run.h.
 #include "tools/scenario_run.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace corvel::tools {
@@ -30,32 +31,46 @@ bool ScenarioRun::Act() {
 std::optional<std::int64_t> ScenarioRun::NextActAt() {
   if (over_) return std::nullopt;
   const std::int64_t wake = play_.WakeAt();
-  return wake > stage_.NowMs() ? wake : begunAt_ + stage_.StuckAfterMs() + 1;
+  const std::int64_t own = wake > stage_.NowMs() ? wake : begunAt_ + stage_.StuckAfterMs() + 1;
+  return std::min(own, play_.NextDueAt().value_or(own));
 }
 
 void ScenarioRun::ActNow() {
   if (const std::string why = stage_.TakeHandFailure(); !why.empty()) {
     Report("expected to do it by hand, got " + why, line_);
+  } else if (play_.RunDue()) {
+    return;
   } else if (play_.answers.Act()) {
     Report(play_.answers.TakeFailure(), line_);
-  } else if (!play_.IsSettled()) {
+  } else if (const bool settled = play_.IsSettled(); const auto late = play_.TakeLate()) {
+    Report(late->failure, late->line);
+  } else if (!settled) {
     idle_ = true;
     CheckStuck();
   } else if (play_.HasSteps()) {
     begunAt_ = stage_.NowMs();
     Report(play_.RunStep(), line_);
-  } else if (auto line = held_ ? std::exchange(held_, std::nullopt) : source_.Next()) {
+  } else if (auto line = NextLine()) {
     Begin(*line);
+  } else if (play_.WaitForAll()) {
+    begunAt_ = stage_.NowMs();
   } else {
     Finish();
   }
+}
+
+std::optional<ScenarioLine> ScenarioRun::NextLine() {
+  if (held_) return std::exchange(held_, std::nullopt);
+  auto line = atEnd_ ? std::nullopt : source_.Next();
+  atEnd_ = !line;
+  return line;
 }
 
 void ScenarioRun::Begin(const ScenarioLine& line) {
   line_ = play_.answers.line = line.number;
   begunAt_ = stage_.NowMs();
   const Command& command = *FindCommand(line.words[0]);
-  if (!MakeReady(command))
+  if (!MakeReady(*CommandGiven(line.words)))
     held_ = line;
   else if (command.when == When::kScene && stage_.HasClient())
     Report("expected " + line.words[0] + " before the start, got it behind", line_);
@@ -86,7 +101,7 @@ void ScenarioRun::CheckStuck() {
 
 void ScenarioRun::Report(const Failure& failure, int line) {
   if (failure.empty()) return;
-  play_.DropSteps();
+  if (line == line_) play_.DropSteps();
   if (!source_.Fail(line, failure)) End();
 }
 

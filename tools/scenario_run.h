@@ -34,6 +34,7 @@ class ScenarioRun : public Actor {
 
  private:
   void ActNow();
+  std::optional<ScenarioLine> NextLine();
   void Begin(const ScenarioLine& line);
   bool MakeReady(const Command& command);
   void CheckStuck();
@@ -48,7 +49,8 @@ class ScenarioRun : public Actor {
   int line_ = 0;
   std::int64_t begunAt_ = 0;
   bool acting_ = false, over_ = false;
-  bool idle_ = false;  // the last Act had nothing to do
+  bool atEnd_ = false;  // the source has no more commands
+  bool idle_ = false;   // the last Act had nothing to do
 };
 
 }  // namespace corvel::tools

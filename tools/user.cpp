@@ -52,6 +52,13 @@ std::optional<ControlName> ParseControlName(std::string_view text) {
   return name.control.empty() ? std::nullopt : std::optional(name);
 }
 
+bool TakeControl(std::string_view& key) {
+  constexpr std::string_view kControl = "ctrl+";
+  const bool control = key.starts_with(kControl);
+  if (control) key.remove_prefix(kControl.size());
+  return control;
+}
+
 std::optional<Key> ParseKey(std::string_view word) {
   for (const KeyWord& key : kKeys)
     if (word == key.word) return key.key;
@@ -92,6 +99,13 @@ std::optional<ControlView> User::FindControl(const std::string& name, std::strin
 int User::FindRow(const ControlState& state, const std::string& item) {
   const auto row = std::find_if(state.items.begin(), state.items.end(), [&](const auto& text) {
     return text == item || text.substr(0, text.find('\t')) == item;
+  });
+  return row == state.items.end() ? -1 : static_cast<int>(row - state.items.begin());
+}
+
+int User::FindCaption(const ControlState& state, const std::string& caption) {
+  const auto row = std::find_if(state.items.begin(), state.items.end(), [&](const auto& text) {
+    return PlainCaption(text) == PlainCaption(caption);
   });
   return row == state.items.end() ? -1 : static_cast<int>(row - state.items.begin());
 }
@@ -142,6 +156,13 @@ std::vector<std::string> User::PopupRows() const {
     if (!caption.empty()) rows.push_back(caption);
   }
   return rows;
+}
+
+std::optional<bool> User::IsGreyed(const std::string& caption) const {
+  const desk::Prompt* const popup = OpenPopup();
+  const int row = popup ? FindMenuRow(popup->menu, caption) : -1;
+  if (row < 0) return std::nullopt;
+  return (stage_.menus().StateAt(popup->menu, row) & menu_flag::kGrayed) != 0;
 }
 
 void User::DismissPopup() const {

@@ -19,6 +19,8 @@ struct ControlName {
 // Nothing if it isn't of this form.
 std::optional<ControlName> ParseControlName(std::string_view text);
 
+// Takes "ctrl+" off the front of a key's name; true if it stood there.
+bool TakeControl(std::string_view& key);
 // A key by its scenario word ("ctrl+enter").
 std::optional<Key> ParseKey(std::string_view word);
 
@@ -40,6 +42,8 @@ class User {
   std::optional<ControlView> FindControl(Window form, std::string_view name, int index) const;
   // The row that reads so (of a list view, also by its first column), or -1.
   static int FindRow(const ControlState& state, const std::string& item);
+  // The row whose caption reads so, "&" and shortcut left out, or -1.
+  static int FindCaption(const ControlState& state, const std::string& caption);
 
   // The innermost open pop-up menu, or nullptr.
   desk::Prompt* OpenPopup() const;
@@ -47,6 +51,8 @@ class User {
   std::string Choose(const std::vector<std::string>& path) const;
   // The captions of the rows of the open pop-up, separators left out.
   std::vector<std::string> PopupRows() const;
+  // Of the open pop-up: whether its row that reads so can't be chosen; nothing if it has none.
+  std::optional<bool> IsGreyed(const std::string& caption) const;
   void DismissPopup() const;
 
  private:

@@ -4,6 +4,7 @@
 #include "base/text.h"
 #include "practice/client/client.h"
 #include "practice/commands/user_hand.h"
+#include "practice/commands/window_questions.h"
 #include "practice/controls/markup.h"
 #include "practice/controls/text_box.h"
 #include "practice/documents/boxes.h"
@@ -213,8 +214,8 @@ std::string DoClientMenu(Client& client, const Words& words) {
 }
 
 std::string DoCloseWindow(Client& client, const Words& words) {
-  for (const auto& document : client.Documents<Document>()) {
-    if (!document->Filled() || !HoldsNoCase(document->caption(), words[1])) continue;
+  for (const auto& document : StandingDocuments(client)) {
+    if (!HoldsNoCase(CaptionThatStands(client, *document), words[1])) continue;
     document->Close();
     return "";
   }

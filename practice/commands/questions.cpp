@@ -2,6 +2,7 @@
 #include "practice/client/client.h"
 #include "practice/commands/commands.h"
 #include "practice/commands/user_hand.h"
+#include "practice/commands/window_questions.h"
 #include "practice/controls/row_list.h"
 #include "practice/controls/text_box.h"
 #include "practice/documents/im.h"
@@ -121,6 +122,7 @@ constexpr Question kQuestions[] = {
     {"hourglass", AskHourglass},
     {"busy", AskBusy},
     {"place-of", AskPlaceOf},
+    {"window", AskWindow},
 };
 
 }  // namespace

@@ -5,20 +5,39 @@
 #include "practice/controls/text_box.h"
 #include "practice/documents/room.h"
 
+#include <optional>
+
 namespace corvel::practice {
 namespace {
 
-struct KeyRow {
+constexpr WParam kControlKey = 0x11;
+constexpr std::string_view kWithControl = "ctrl+";
+
+// The characters that a key makes by itself and with Control held; 0: it makes none.
+struct Key {
   std::string_view name;
   WParam virtualKey;
-  char character;  // 0: the key makes none
+  char character, withControl;
 };
 
-constexpr KeyRow kKeys[] = {
-    {"enter", 0x0D, '\r'},     {"ctrl+enter", 0x0D, '\n'}, {"tab", 0x09, '\t'},
-    {"backspace", 0x08, '\b'}, {"escape", 0x1B, '\x1B'},   {"delete", 0x2E, 0},
-    {"up", 0x26, 0},           {"down", 0x28, 0},
+constexpr Key kKeys[] = {
+    {"enter", 0x0D, '\r', '\n'},
+    {"tab", 0x09, '\t', 0},
+    {"backspace", 0x08, '\b', '\x7F'},
+    {"escape", 0x1B, '\x1B', '\x1B'},
+    {"delete", 0x2E, 0, 0},
+    {"up", 0x26, 0, 0},
+    {"down", 0x28, 0, 0},
 };
+
+std::optional<Key> FindKey(std::string_view name, bool withControl) {
+  for (const Key& key : kKeys)
+    if (key.name == name) return key;
+  const bool isLetter = name.size() == 1 && name[0] >= 'a' && name[0] <= 'z';
+  if (!isLetter || !withControl) return std::nullopt;
+  const char fromOne = static_cast<char>(name[0] - 'a' + 1);
+  return Key{name, static_cast<WParam>('A' + fromOne - 1), name[0], fromOne};
+}
 
 }  // namespace
 
@@ -29,17 +48,19 @@ void TypeText(Client& client, Window window, std::string_view text) {
   }
 }
 
-bool PressKey(Client& client, Window window, std::string_view key) {
-  for (const KeyRow& row : kKeys) {
-    if (row.name != key) continue;
-    WindowSystem& windows = client.windows();
-    windows.Send(window, wm::kKeyDown, row.virtualKey, 0);
-    if (row.character != 0)
-      windows.Send(window, wm::kChar, static_cast<unsigned char>(row.character), 0);
-    windows.Send(window, wm::kKeyUp, row.virtualKey, 0);
-    return true;
-  }
-  return false;
+bool PressKey(Client& client, Window window, std::string_view name) {
+  const bool control = name.starts_with(kWithControl);
+  if (control) name.remove_prefix(kWithControl.size());
+  const auto key = FindKey(name, control);
+  if (!key) return false;
+  WindowSystem& windows = client.windows();
+  const char character = control ? key->withControl : key->character;
+  if (control) windows.Send(window, wm::kKeyDown, kControlKey, 0);
+  windows.Send(window, wm::kKeyDown, key->virtualKey, 0);
+  if (character != 0) windows.Send(window, wm::kChar, static_cast<unsigned char>(character), 0);
+  windows.Send(window, wm::kKeyUp, key->virtualKey, 0);
+  if (control) windows.Send(window, wm::kKeyUp, kControlKey, 0);
+  return true;
 }
 
 void Click(Client& client, Window icon) {

@@ -16,9 +16,9 @@ class RoomWindow;
 
 // Characters, one message each. Stops when the window goes.
 void TypeText(Client& client, Window window, std::string_view text);
-// A key by its name: enter, ctrl+enter, tab, backspace, escape, delete, up, down. False: no such
-// key.
-bool PressKey(Client& client, Window window, std::string_view key);
+// A key by its name: enter, tab, backspace, escape, delete, up, down; with "ctrl+" in front, which
+// a letter can have too, Control is held meanwhile. False: no such key.
+bool PressKey(Client& client, Window window, std::string_view name);
 void Click(Client& client, Window icon);
 // On the row of this person; false if nobody of that name is in the room.
 bool RightClickPerson(Client& client, RoomWindow& room, std::string_view person);

@@ -39,15 +39,15 @@ class HandSource : public ScenarioSource {
         continue;
       }
       if (error.empty() && !words.empty()) error = CheckCommand(words);
-      if (!error.empty()) Complain(error, kUnreadable);
+      if (!error.empty()) Complain(line_, error, kUnreadable);
       if (error.empty() && !words.empty()) return Begin(std::move(words));
     }
     return std::nullopt;
   }
 
-  bool Fail(int, const Failure& failure) override {
-    Complain(failure, kFailed);
-    told_.clear();
+  bool Fail(int line, const Failure& failure) override {
+    Complain(line, failure, kFailed);
+    if (line == line_) told_.clear();
     return true;
   }
 
@@ -63,8 +63,8 @@ class HandSource : public ScenarioSource {
     if (text.ends_with('\r')) text.pop_back();
     return true;
   }
-  void Complain(const std::string& why, int code) {
-    out_ << "line " << line_ << ": " << why << '\n';
+  void Complain(int line, const std::string& why, int code) {
+    out_ << "line " << line << ": " << why << '\n';
     exitCode = std::max(exitCode, code);
   }
   ScenarioLine Begin(Words words) {

@@ -91,6 +91,7 @@ std::int64_t Soak::Pause() {
 
 void Soak::Step() {
   const bool settled = play_.IsSettled();
+  while (play_.TakeLate()) continue;
   if (settled && play_.HasSteps()) {
     play_.RunStep();  // what can't be done is left out
     return;
@@ -98,7 +99,8 @@ void Soak::Step() {
   if (BringUp()) return;
   if (dice_.Chance(60)) AnswerDialogs();
   const bool deep = stage_.desk().Pumps().size() > kDeepest;
-  Do(deep ? user_.CloseSomething() : user_.Think());
+  const SoakUser::Thought thought = deep ? user_.CloseSomething() : user_.Think();
+  if (!thought.words.empty() && Do(thought.words)) user_.Did(thought);
 }
 
 // True: a client or program was started, or is yet to come up.
@@ -116,6 +118,7 @@ bool Soak::BringUp() {
   }
   if (stage_.Program() != 0 && !dice_.Chance(1)) return false;
   ++lives_;
+  if (dice_.Chance(20)) user_.ChangeSettings();
   stage_.desk().windows().SetHung(stage_.ClientProcess(), false);  // nobody else would end it
   stage_.StartProgram(dice_.Chance(5) ? "LIVEUPDATE" : "");
   return true;
@@ -128,14 +131,16 @@ void Soak::AnswerDialogs() {
   play_.answers.unexpected.clear();
 }
 
-void Soak::Do(const Words& words) {
-  if (words.empty()) return;
-  if (const std::string wrong = CheckCommand(words); !wrong.empty())
-    return Fail("the random user said " + words[0] + ": " + wrong);
+// False: it could not be done, which is an answer too.
+bool Soak::Do(const Words& words) {
+  if (const std::string wrong = CheckCommand(words); !wrong.empty()) {
+    Fail("the random user said " + words[0] + ": " + wrong);
+    return false;
+  }
   stage_.desk().Note("user", words.All());
   ++deeds_;
   play_.DropSteps();
-  FindCommand(words[0])->play(play_, words);  // a refusal is an answer too
+  return FindCommand(words[0])->play(play_, words).empty();
 }
 
 // The user closes the client and answers what is still asked; the program has to go with it.

@@ -21,6 +21,8 @@ class Soak : public desk::Agent {
   explicit Soak(std::uint64_t seed);
   ~Soak() override;
 
+  // To put more on it before the run.
+  DeskStage& stage() { return stage_; }
   // Told each effect as it comes.
   void OnEffect(std::function<void(const desk::JournalEntry&)> hear) {
     onEffect_ = std::move(hear);
@@ -31,6 +33,8 @@ class Soak : public desk::Agent {
   double HoursPlayed() { return static_cast<double>(stage_.NowMs()) / 3.6e6; }
   int Deeds() const { return deeds_; }
   int Lives() const { return lives_; }
+  // What the user has found, and how often he has used it.
+  const SoakUses& Uses() const { return user_.Uses(); }
   // The last effects before now, as in a trace.
   std::vector<std::string> LastEffects() const;
 
@@ -42,7 +46,7 @@ class Soak : public desk::Agent {
   void Step();
   bool BringUp();
   void AnswerDialogs();
-  void Do(const Words& words);
+  bool Do(const Words& words);
   void Ending();
   void NoteState();
   void Fail(const std::string& why);
@@ -52,7 +56,7 @@ class Soak : public desk::Agent {
   Dice dice_;
   DeskStage stage_;
   Play play_{stage_};
-  SoakUser user_{play_, dice_};
+  SoakUser user_{stage_, play_, dice_};
   SoakChecks checks_{stage_};
   std::deque<desk::JournalEntry> last_;
   std::function<void(const desk::JournalEntry&)> onEffect_;

@@ -105,8 +105,10 @@ std::string SoakChecks::CheckClient() {
   const bool idle = std::none_of(pumps.begin(), pumps.end(),
                                  [&](const auto& pump) { return pump.process == program; });
   const bool waits = idle || desk.WaitsForUser(program);
-  const bool usable =
-      desk.windows().IsEnabled(client->Frame()) || !desk.windows().Exists(client->Frame());
+  desk::DeskWindows& windows = desk.windows();
+  // The client's own modal windows lock it too.
+  const bool usable = windows.IsEnabled(client->Frame()) || !windows.Exists(client->Frame()) ||
+                      windows.Find("_AOL_MODAL", std::nullopt);
   return waits && !usable ? "the program waits for its user, and the client is disabled" : "";
 }
 

@@ -1,6 +1,7 @@
 // corvel-desk soak; see soak_command.h.
 #include "tools/desk/soak_command.h"
 
+#include "base/cp1252.h"
 #include "tools/desk/soak.h"
 #include "tools/scenario_player.h"
 #include "tools/trace.h"
@@ -10,6 +11,15 @@
 #include <iostream>
 
 namespace corvel::tools {
+namespace {
+
+void PrintUses(const SoakUses& uses) {
+  std::printf("  used    seen  what\n");
+  for (const SoakUses::Row& row : uses.Table())
+    std::printf("%6d  %6d  %s\n", row.used, row.seen, ToUtf8(row.thing).c_str());
+}
+
+}  // namespace
 
 int SoakCommand(Arguments& arguments) {
   using Clock = std::chrono::steady_clock;
@@ -17,10 +27,10 @@ int SoakCommand(Arguments& arguments) {
   const std::uint64_t seed = arguments.TakeNumber(
       "--seed", static_cast<std::uint64_t>(begin.time_since_epoch().count()) % 1'000'000);
   const std::uint64_t hours = arguments.TakeNumber("--hours", 1);
-  const bool trace = arguments.TakeFlag("--trace");
+  const bool trace = arguments.TakeFlag("--trace"), uses = arguments.TakeFlag("--uses");
   if (!arguments.Rest().empty() || !arguments.Error().empty()) {
     std::cerr << arguments.Error()
-              << "\nusage: corvel-desk soak [--trace] [--seed N] [--hours H]\n";
+              << "\nusage: corvel-desk soak [--trace] [--uses] [--seed N] [--hours H]\n";
     return kUnreadable;
   }
   std::cout << "seed " << seed << std::endl;
@@ -34,6 +44,7 @@ int SoakCommand(Arguments& arguments) {
     std::cout << "failed: " << failure << "\nagain: corvel-desk soak --seed " << seed << " --hours "
               << hours << '\n';
   }
+  if (uses) PrintUses(soak.Uses());
   std::printf(
       "%.2f hours played, %d deeds, %d starts of the program; %.1f s, %.0f times as fast "
       "as time\n",

@@ -1,313 +1,341 @@
 // The random user of the soak; see soak_user.h.
 #include "tools/desk/soak_user.h"
 
+#include "base/text.h"
+#include "core/settings_store.h"
+#include "platform/desk/desk_windows.h"
+
 #include <algorithm>
 
 namespace corvel::tools {
 namespace {
 
-constexpr const char* kLongTalk =
-    "a very long line of talk that goes on and on, as people do who have an evening before them "
-    "and nobody who stops them, until the room has had enough of it and says so";
-constexpr const char* kTexts[] = {
-    "",
-    " ",
-    "hi all",
-    "a",
-    "wavlist",
-    "/fadeon",
-    "/wavlist",
-    "{S boing",
-    "{S boing}",
-    "{%}",
-    "<b>bold</b> & more",
-    "100% sure",
-    "two\twords",
-    "name=text",
-    "[Data]",
-    "~B~CRred",
-    "\xE4\xF6\xFC \x80 \x95\xA4\x95",
-    "C:\\AOL",
-    "C:\\nowhere\\at all",
-    "con",
-    kLongTalk,
-};
-constexpr const char* kPeople[] = {"Ann", "Bob Two", "xXCarlXx", "Dee4", "Host NH", "practice one"};
-constexpr const char* kRooms[] = {"Lobby", "Town Square", "a"};
-constexpr const char* kWaves[] = {"C:\\AOL\\boing.wav", "C:\\AOL\\welcome.wav",
-                                  "C:\\WINDOWS\\ding.wav", "C:\\Wavs\\my song.wav",
-                                  "C:\\Wavs\\b.wav"};
-constexpr const char* kVersions[] = {"3.0", "4.0", "4.0", "5.0", "5.1", "6.0"};
-constexpr practice::Locale kClientLocales[] = {practice::Locale::kUs, practice::Locale::kUs,
-                                               practice::Locale::kUk, practice::Locale::kCanada,
-                                               practice::Locale::kAustralia};
-constexpr const char* kButtons[] = {"Yes", "Yes", "OK", "No", "Cancel", "Retry", "Ignore", "Go on"};
-constexpr const char* kPressedKeys[] = {"enter", "tab",  "escape",   "delete",
-                                        "up",    "down", "backspace"};
-constexpr const char* kLockedFiles[] = {"C:\\Corvel\\favwavs.dat", "C:\\Corvel\\data\\desc1.dat",
-                                        "C:\\AOL\\boing.wav", "C:\\AUTOEXEC.BAT"};
-constexpr const char* kFileErrors[] = {"53", "61", "70", "71", "75", "76"};
+constexpr practice::Locale kLocales[] = {practice::Locale::kUs, practice::Locale::kUs,
+                                         practice::Locale::kUk, practice::Locale::kCanada,
+                                         practice::Locale::kAustralia};
+constexpr const char* kVersions[] = {"3.0", "4.0", "4.0", "5.0", "5.1"};
+constexpr const char* kPlainButtons[] = {"Yes", "OK", "No", "Cancel", "Retry", "Ignore"};
+constexpr int kFullWindow = 100, kPoorWindow = 10;
+constexpr const char* kSettings = "Software\\QRV Software\\Corvel";
+// As deep as a line of the language can say.
+constexpr std::size_t kMostRows = 2;
 
-struct Row {
-  const char* menu;
-  const char* row;
+// What a user does with a control of a kind, and how often. Without a word behind it the command
+// takes the control alone.
+struct Way {
+  const char* command;
+  int weight;
+  const char* what = "";  // a row of its own ("ITEM"), or as in a command's form
 };
-constexpr Row kRows[] = {{"mnuWavs", "Wav List"},
-                         {"mnuWavs", "Wav List"},
-                         {"mnuWavs", "Hushlet"},
-                         {"mnuMenu", "Options"},
-                         {"mnuMenu", "Help"},
-                         {"mnuMenu", "About Corvel"},
-                         {"mnuMenu", "Tech Support"},
-                         {"mnuMenu", "Kill the Hourglass"},
-                         {"mnuMenu", "Hide Welcome Window"},
-                         {"mnuIMs", "IM Manager"},
-                         {"mnuHotWords", "QuickFind"},
-                         {"mnuEditor", "Garlands"},
-                         {"mnuEditor", "Wav Descriptions"}};
+struct Kind {
+  ControlKind kind;
+  int weight;  // beside other controls
+  std::vector<Way> ways;
+};
 
-std::string NameOf(const FormView& form, const ControlState& control) {
-  std::string name = form.state->name + "." + control.name;
-  if (control.index >= 0) name += "(" + std::to_string(control.index) + ")";
-  return name;
+const std::vector<Way>& LabelWays() {
+  static const std::vector<Way> kWays = {
+      {"click", 4}, {"dblclick", 1}, {"right-click-on", 1}, {"drag", 3, "DX DY"}};
+  return kWays;
+}
+const std::vector<Way>& ButtonWays() {
+  static const std::vector<Way> kWays = {
+      {"click", 16}, {"right-click-on", 3}, {"key-in", 1, "KEY"}};
+  return kWays;
+}
+const std::vector<Way>& RowWays() {
+  static const std::vector<Way> kWays = {
+      {"select", 8, "ITEM"}, {"dblclick", 6, "ITEM"}, {"right-click-on", 10}, {"key-in", 2, "KEY"}};
+  return kWays;
 }
 
-bool IsUsable(const ControlView& control) {
-  const ControlKind kind = control.state->kind;
-  return control.state->visible && control.state->enabled && kind != ControlKind::kFrame &&
-         kind != ControlKind::kProgressBar;
+const Kind* FindKind(ControlKind kind) {
+  static const std::vector<Way> kSwitch = {{"click", 10}, {"key-in", 1, "KEY"}};
+  static const std::vector<Way> kChoice = {{"select", 10, "ITEM"}, {"key-in", 1, "KEY"}};
+  static const std::vector<Way> kText = {{"set", 10, "TEXT"},
+                                         {"type-into", 4, "TEXT"},
+                                         {"key-in", 4, "KEY"},
+                                         {"click", 1},
+                                         {"right-click-on", 1}};
+  static const Kind kKinds[] = {
+      {ControlKind::kLabel, 1, LabelWays()},    {ControlKind::kPicture, 1, LabelWays()},
+      {ControlKind::kButton, 10, ButtonWays()}, {ControlKind::kFlatButton, 10, ButtonWays()},
+      {ControlKind::kTextBox, 12, kText},       {ControlKind::kCheckBox, 8, kSwitch},
+      {ControlKind::kOptionButton, 8, kSwitch}, {ControlKind::kListBox, 40, RowWays()},
+      {ControlKind::kListView, 40, RowWays()},  {ControlKind::kComboBox, 14, kChoice},
+      {ControlKind::kTabStrip, 14, kChoice}};
+  const auto found = std::find_if(std::begin(kKinds), std::end(kKinds),
+                                  [&](const Kind& one) { return one.kind == kind; });
+  return found == std::end(kKinds) ? nullptr : found;
+}
+
+std::string NameIn(const FormView& form, const ControlView& control) {
+  return form.state->name + "." + corvel::NameOf(*control.state);
 }
 
 }  // namespace
 
-std::span<const SoakUser::Deed> SoakUser::Deeds() {
-  static constexpr Deed kDeeds[] = {
-      {120, &SoakUser::UseControl}, {24, &SoakUser::UseMenu},   {10, &SoakUser::UseRoom},
-      {36, &SoakUser::UsePeople},   {12, &SoakUser::UseIm},     {8, &SoakUser::UseMail},
-      {6, &SoakUser::UseClient},    {4, &SoakUser::UseTray},    {8, &SoakUser::ChangeFiles},
-      {6, &SoakUser::BreakFiles},   {9, &SoakUser::MendFiles},  {2, &SoakUser::HangClient},
-      {1, &SoakUser::EndClient},    {1, &SoakUser::EndProgram},
-  };
-  return kDeeds;
+std::span<const SoakUser::Area> SoakUser::Areas() {
+  static constexpr Area kAreas[] = {{150, &SoakUser::UseWindow},
+                                    {110, &SoakUser::UseWord},
+                                    {5, &SoakUser::UseTray},
+                                    {8, &SoakUser::UseClientMenu},
+                                    {2, &SoakUser::CloseDocument}};
+  return kAreas;
 }
 
-Words SoakUser::Think() {
+SoakUser::Thought SoakUser::Think() {
+  Look();
+  if (play_.user.OpenPopup()) return UsePopup();
   int all = 0;
-  for (const Deed& deed : Deeds()) all += deed.weight;
+  for (const Area& area : Areas()) all += area.weight;
   int drawn = dice_.Below(all);
-  Thought thought;
-  if (play_.user.OpenPopup()) {
-    thought = UsePopup();
-  } else {
-    for (const Deed& deed : Deeds()) {
-      drawn -= deed.weight;
-      if (drawn >= 0) continue;
-      thought = (this->*deed.think)();
-      break;
-    }
-  }
-  Words words;
-  for (std::string& word : thought) words.Add(std::move(word), false);
-  return words;
+  for (const Area& area : Areas())
+    if ((drawn -= area.weight) < 0) return (this->*area.think)();
+  return {};
 }
 
-// --- The program ---------------------------------------------------------------------------------
+void SoakUser::Did(const Thought& thought) {
+  uses_.Used(thought.thing);
+  if (thought.words[0] != "popup") opener_ = thought.thing;
+}
 
-std::optional<FormView> SoakUser::SomeForm() {
-  auto forms = play_.stage.Forms();
-  // Questions are answered, not played with: what the user has agreed to must be known.
-  std::erase_if(forms, [](const auto& form) {
-    const std::string& name = form.state->name;
-    return !form.state->visible || name == "frmMsg" || name == "frmInpBox";
+SoakUser::Thought SoakUser::OneOf(const std::vector<Offer>& offers) {
+  int all = 0;
+  for (const Offer& offer : offers) all += uses_.Drawn(offer.weight, offer.thing);
+  if (all == 0) return {};
+  int drawn = dice_.Below(all);
+  for (const Offer& offer : offers) {
+    if ((drawn -= uses_.Drawn(offer.weight, offer.thing)) >= 0) continue;
+    Thought thought{{}, offer.thing};
+    for (const std::string& word : offer.words) thought.words.Add(word, false);
+    return thought;
+  }
+  return {};
+}
+
+// --- The program's windows -----------------------------------------------------------------------
+
+// Questions are answered, not played with: what the user has agreed to must be known.
+std::vector<FormView> SoakUser::PlayableForms() {
+  auto forms = stage_.Forms();
+  std::erase_if(forms, [](const FormView& form) {
+    return !form.state->visible || !form.state->enabled || Answers::IsQuestion(*form.state);
   });
-  if (forms.empty()) return std::nullopt;
-  return forms[static_cast<std::size_t>(dice_.Below(static_cast<int>(forms.size())))];
+  return forms;
 }
 
-SoakUser::Thought SoakUser::UseControl() {
-  const auto form = SomeForm();
-  if (!form) return {};
-  if (dice_.Chance(4)) return {"close", form->state->name};
-  auto controls = play_.stage.ControlsOf(form->window);
-  std::erase_if(controls, [](const ControlView& control) { return !IsUsable(control); });
-  if (controls.empty()) return {};
-  const ControlView& control = dice_.OneOf(controls);
-  const std::string name = NameOf(*form, *control.state);
-  const auto& items = control.state->items;
-  if (!items.empty() && dice_.Chance(70)) {
-    const std::string& item = dice_.OneOf(items);
-    return {dice_.Chance(40) ? "dblclick" : "select", name, item};
+std::vector<ControlView> SoakUser::UsableControls(Window form) {
+  auto controls = stage_.ControlsOf(form);
+  std::erase_if(controls, [](const ControlView& control) {
+    return !control.state->visible || !control.state->enabled || !FindKind(control.state->kind);
+  });
+  return controls;
+}
+
+void SoakUser::Look() {
+  for (const FormView& form : PlayableForms())
+    for (const ControlView& control : UsableControls(form.window)) uses_.Saw(NameIn(form, control));
+}
+
+// The more there is in a window, the more it draws; with hardly anything to do in any, the user looks
+// at the client instead.
+SoakUser::Thought SoakUser::UseWindow() {
+  std::vector<Offer> forms;
+  int all = 0;
+  for (const FormView& form : PlayableForms()) {
+    int weight = 0;
+    for (const ControlView& control : UsableControls(form.window))
+      weight += FindKind(control.state->kind)->weight;
+    forms.push_back({form.state->name, std::min(weight, kFullWindow), {form.state->name}});
+    all += weight;
   }
-  if (control.state->kind == ControlKind::kTextBox && dice_.Chance(70))
-    return {dice_.Chance(70) ? "set" : "type-into", name, SomeText()};
-  if (dice_.Chance(10)) return {"key-in", name, dice_.OneOf(kPressedKeys)};
-  if (dice_.Chance(10)) return {"right-click-on", name};
-  return {"click", name};
+  if (all < kPoorWindow && dice_.Chance(80)) return UseWord();
+  const Thought chosen = OneOf(forms);
+  if (chosen.words.empty()) return {};
+  uses_.Used(chosen.thing);
+  return UseForm(*play_.user.FindForm(chosen.thing));
 }
 
-Words SoakUser::CloseSomething() {
-  Words words;
-  if (const auto form = SomeForm()) {
-    words.Add("close", false);
-    words.Add(form->state->name, false);
+SoakUser::Thought SoakUser::UseForm(const FormView& form) {
+  const std::string& name = form.state->name;
+  std::vector<Offer> offers;
+  if (form.state->closable) offers.push_back({name + " closed", 1, {"close", name}});
+  const auto controls = UsableControls(form.window);
+  for (const ControlView& control : controls)
+    offers.push_back({NameIn(form, control), FindKind(control.state->kind)->weight, {}});
+  Thought thought = OneOf(offers);
+  for (const ControlView& control : controls)
+    if (thought.words.empty() && NameIn(form, control) == thought.thing)
+      for (const std::string& word : WordsFor(thought.thing, *control.state))
+        thought.words.Add(word, false);
+  return thought;
+}
+
+std::vector<std::string> SoakUser::WordsFor(const std::string& name, const ControlState& state) {
+  auto ways = FindKind(state.kind)->ways;
+  if (state.items.empty())
+    std::erase_if(ways, [](const Way& way) { return way.what == std::string_view("ITEM"); });
+  int all = 0;
+  for (const Way& way : ways) all += way.weight;
+  int drawn = dice_.Below(all);
+  const Way& way = *std::find_if(ways.begin(), ways.end(),
+                                 [&](const Way& one) { return (drawn -= one.weight) < 0; });
+  std::vector<std::string> words{way.command, name};
+  const std::string_view what = way.what;
+  if (what == "ITEM") {
+    words.push_back(dice_.OneOf(state.items));
+    if (state.multiSelect && dice_.Chance(20) && words[0] == "select")
+      words.push_back(dice_.OneOf(state.items));
+  } else if (what == "DX DY") {
+    words.insert(words.end(), {Some("DX"), Some("DY")});
+  } else if (!what.empty()) {
+    words.push_back(Some(what));
   }
   return words;
 }
 
-SoakUser::Thought SoakUser::UseMenu() {
-  const Row& row = dice_.OneOf(kRows);
-  return {"menu", row.menu, row.row};
+SoakUser::Thought SoakUser::CloseSomething() {
+  auto forms = PlayableForms();
+  if (forms.empty()) return {};
+  const std::string name = dice_.OneOf(forms).state->name;
+  Thought thought{{}, name + " closed"};
+  thought.words.Add("close", false);
+  thought.words.Add(name, false);
+  return thought;
+}
+
+// --- Menus ---------------------------------------------------------------------------------------
+
+// The rows that can be chosen, those of sub-menus included.
+void SoakUser::AddRows(std::vector<Offer>& offers, MenuHandle menu, std::vector<std::string> path,
+                       const std::string& origin) {
+  Menus& menus = stage_.menus();
+  for (int row = 0; row < menus.Count(menu); ++row) {
+    const std::string caption = menus.TextAt(menu, row);
+    const bool greyed = (menus.StateAt(menu, row) & menu_flag::kGrayed) != 0;
+    if (caption.empty() || greyed) continue;
+    const std::string thing = origin + " > " + PlainCaption(caption);
+    path.push_back(caption);
+    if (const MenuHandle sub = menus.SubMenu(menu, row)) {
+      AddRows(offers, sub, path, thing);
+    } else {
+      uses_.Saw(thing);
+      offers.push_back({thing, 1, path});
+    }
+    path.pop_back();
+  }
 }
 
 SoakUser::Thought SoakUser::UsePopup() {
-  const auto rows = play_.user.PopupRows();
-  if (rows.empty() || dice_.Chance(30)) {
-    play_.user.DismissPopup();
-    return {};
-  }
-  return {"popup", dice_.OneOf(rows)};
+  std::vector<Offer> offers;
+  AddRows(offers, play_.user.OpenPopup()->menu, {"popup"}, opener_);
+  std::erase_if(offers, [](const Offer& one) { return one.words.size() > kMostRows + 1; });
+  if (!offers.empty() && !dice_.Chance(15)) return OneOf(offers);
+  play_.user.DismissPopup();
+  return {};
 }
 
 SoakUser::Thought SoakUser::UseTray() {
-  if (dice_.Chance(50)) return {"tray-dblclick"};
-  return {"menu", "mnuMenu", "Hide Toolbar", dice_.Chance(50) ? "As Tray Icon" : "As Menu Item"};
+  if (!stage_.HasTrayIcon()) return {};
+  return OneOf({{"tray", 2, {"tray"}}, {"tray, twice", 1, {"tray-dblclick"}}});
 }
 
-SoakUser::Thought SoakUser::EndProgram() {
-  if (dice_.Chance(50)) return {"menu", "mnuMenu", "Exit Corvel"};
-  return {"client-menu", "E&xit Corvel"};
+SoakUser::Thought SoakUser::UseClientMenu() {
+  const practice::PracticeClient* const client = stage_.Client();
+  if (!client) return {};
+  std::vector<Offer> offers;
+  AddRows(offers, stage_.menus().MenuOf(client->Frame()), {}, "client");
+  for (Offer& offer : offers) offer.words = {"client-menu", offer.words.back()};
+  return OneOf(offers);
+}
+
+// --- The client, the people in it, the drive -----------------------------------------------------
+
+SoakUser::Thought SoakUser::CloseDocument() {
+  const practice::PracticeClient* const client = stage_.Client();
+  if (!client) return {};
+  desk::DeskWindows& windows = stage_.desk().windows();
+  std::vector<Offer> offers;
+  for (Window child = windows.TopChild(client->Mdi()); child; child = windows.Next(child)) {
+    const std::string caption = windows.CaptionOf(child);
+    if (!caption.empty() && windows.IsVisible(child))
+      offers.push_back({"close-window", 1, {"close-window", caption}});
+  }
+  return OneOf(offers);
+}
+
+SoakUser::Thought SoakUser::UseWord() {
+  std::vector<Offer> offers;
+  const auto add = [&](const Command& command) {
+    uses_.Saw(command.word);
+    offers.push_back({command.word, WeightOf(command), {command.word}});
+  };
+  for (const Command& command : ClientCommands()) add(command);
+  for (const Command& command : SceneCommands())
+    if (command.when == When::kAnyTime) add(command);
+  std::erase_if(offers, [](const Offer& offer) { return offer.weight == 0; });
+  Thought thought = OneOf(offers);
+  auto line = made_.LineOf(*FindCommand(thought.thing));
+  thought.words = line && CheckCommand(*line).empty() ? *std::move(line) : Words{};
+  return thought;
+}
+
+void SoakUser::ChooseClient() {
+  practice::Setup& setup = stage_.setup;
+  setup.version = dice_.Chance(2) ? "6.0" : dice_.OneOf(kVersions);
+  setup.locale = dice_.Chance(1) ? practice::Locale::kGermany : dice_.OneOf(kLocales);
+  setup.screenNames = {"PracticeOne", "Practice Two"};
+  setup.signedOnAs = dice_.Chance(90) ? "PracticeOne" : "";
+  setup.delayMs = static_cast<std::uint32_t>(dice_.Chance(20) ? dice_.Between(1000, 9000)
+                                                              : dice_.Between(0, 400));
+}
+
+// --- Answers and settings ------------------------------------------------------------------------
+
+// Of the question in front; without one, of a plain box that may come.
+std::string SoakUser::SomeButton() {
+  auto forms = stage_.Forms();
+  for (auto form = forms.rbegin(); form != forms.rend(); ++form) {
+    if (!form->state->visible || !Answers::IsQuestion(*form->state)) continue;
+    auto buttons = stage_.ControlsOf(form->window);
+    std::erase_if(buttons, [](const ControlView& control) {
+      return !control.state->visible || (control.state->kind != ControlKind::kButton &&
+                                         control.state->kind != ControlKind::kFlatButton);
+    });
+    if (!buttons.empty()) return PlainCaption(dice_.OneOf(buttons).state->text);
+  }
+  return dice_.OneOf(kPlainButtons);
 }
 
 void SoakUser::ThinkOfAnswer() {
   Answers& answers = play_.answers;
   const bool cancel = dice_.Chance(30);
-  if (answers.buttons.empty()) answers.buttons.push_back(dice_.OneOf(kButtons));
-  if (answers.inputs.empty())
-    answers.inputs.push_back(cancel ? std::nullopt : std::optional(SomeText()));
-  if (answers.files.empty())
-    answers.files.push_back(cancel ? std::nullopt : std::optional(SomeWave()));
-  if (answers.folders.empty())
-    answers.folders.push_back(
-        cancel ? std::nullopt
-               : std::optional<std::string>(dice_.Chance(70) ? "C:\\AOL" : "C:\\Wavs"));
+  const auto unless = [&](const char* placeholder) {
+    return cancel ? std::nullopt : std::optional(Some(placeholder));
+  };
+  answers.buttons = {SomeButton()};
+  if (answers.inputs.empty()) answers.inputs.push_back({unless("TEXT")});
+  if (answers.files.empty()) answers.files.push_back(unless("WAVE"));
+  if (answers.folders.empty()) answers.folders.push_back(unless("FOLDER"));
   if (answers.colors.empty()) answers.colors.push_back(dice_.Below(0x1000000));
 }
 
-// --- The client ----------------------------------------------------------------------------------
-
-void SoakUser::ChooseClient() {
-  practice::Setup& setup = play_.stage.setup;
-  setup.version = dice_.OneOf(kVersions);
-  setup.locale = dice_.Chance(2) ? practice::Locale::kGermany : dice_.OneOf(kClientLocales);
-  setup.screenNames = {"PracticeOne", "Practice Two"};
-  setup.signedOnAs = dice_.Chance(80) ? "PracticeOne" : "";
-  setup.delayMs = static_cast<std::uint32_t>(dice_.Chance(20) ? dice_.Between(1000, 9000)
-                                                              : dice_.Between(0, 400));
+void SoakUser::ChangeSettings() {
+  SettingsStore store(stage_.registry());
+  auto sections = stage_.registry().SubKeyNames(kSettings).value_or(std::vector<std::string>());
+  sections.push_back("");
+  for (const std::string& section : sections)
+    for (const std::string& name : store.Names(section).value_or(std::vector<std::string>()))
+      if (dice_.Chance(20)) store.WriteKey(section, name, Another(store.ReadKey(section, name)));
 }
 
-SoakUser::Thought SoakUser::UseRoom() {
-  if (dice_.Chance(25)) return {"leave-room"};
-  Thought thought{"room", dice_.OneOf(kRooms)};
-  for (int i = dice_.Below(4); i > 0; --i) thought.push_back(SomePerson());
-  return thought;
+// Another value of the same kind, or what somebody else may have written there.
+std::string SoakUser::Another(const std::string& value) {
+  if (value == "True" || value == "False") return dice_.Chance(50) ? "True" : "False";
+  if (value == "On" || value == "Off") return dice_.Chance(50) ? "On" : "Off";
+  if (IsNumeric(value) && dice_.Chance(80)) return std::to_string(dice_.Below(1000));
+  return Some("TEXT");
 }
-
-SoakUser::Thought SoakUser::UsePeople() {
-  switch (dice_.Below(9)) {
-    case 0:
-      return {"enter", SomePerson()};
-    case 1:
-      return {"leave", SomePerson()};
-    case 2:
-      return {"right-click", SomePerson()};
-    case 3:
-    case 4:
-      return {"key", dice_.Chance(70) ? "enter" : dice_.OneOf(kPressedKeys)};
-    case 5:
-      return {"send-icon"};
-    case 6:
-      return {"say", SomePerson(), SomeText()};
-    default:
-      return {"type", SomeText()};
-  }
-}
-
-SoakUser::Thought SoakUser::UseIm() {
-  switch (dice_.Below(5)) {
-    case 0:
-      return {"im", SomePerson(), SomeText()};
-    case 1:
-      return {"im-to", SomePerson(), SomeText()};
-    case 2:
-      return {"im-close", SomePerson()};
-    case 3:
-      return {"im-internet", SomePerson(), SomeText()};
-    default:
-      return {"im-type", SomePerson(), SomeText()};
-  }
-}
-
-SoakUser::Thought SoakUser::UseMail() {
-  switch (dice_.Below(3)) {
-    case 0:
-      return {"write-mail"};
-    case 1:
-      return {"read-mail", SomeText(), SomeText()};
-    default:
-      return {"mail-close"};
-  }
-}
-
-SoakUser::Thought SoakUser::UseClient() {
-  switch (dice_.Below(6)) {
-    case 0:
-      return {"sign-off"};
-    case 1:
-    case 2:
-      return {"sign-on", "PracticeOne"};
-    case 3:
-      return {"refuse-next-line"};
-    case 4:
-      return {"invite", SomePerson()};
-    default:
-      return {"client-delay", dice_.Chance(20) ? "6" : "0.05"};
-  }
-}
-
-SoakUser::Thought SoakUser::HangClient() {
-  return {"client-hung", dice_.Chance(30) ? std::to_string(dice_.Between(1, 60)) : "off"};
-}
-
-SoakUser::Thought SoakUser::EndClient() {
-  if (dice_.Chance(70)) return {"client-close"};
-  if (dice_.Chance(70)) return {"client-crash"};
-  return {"client-crash", std::to_string(dice_.Between(1, 20))};
-}
-
-// --- The drive -----------------------------------------------------------------------------------
-
-SoakUser::Thought SoakUser::ChangeFiles() { return {"wav", SomeWave(), "0.01"}; }
-
-SoakUser::Thought SoakUser::BreakFiles() {
-  switch (dice_.Below(3)) {
-    case 0:
-      return {"free-space", std::to_string(dice_.Below(200))};
-    case 1:
-      return {"lock", dice_.OneOf(kLockedFiles), "on"};
-    default:
-      return {"fail-file", std::to_string(dice_.Between(1, 5)), dice_.OneOf(kFileErrors)};
-  }
-}
-
-SoakUser::Thought SoakUser::MendFiles() {
-  if (dice_.Chance(50)) return {"free-space", "1000000000"};
-  return {"lock", dice_.OneOf(kLockedFiles), "off"};
-}
-
-// --- Words ---------------------------------------------------------------------------------------
-
-std::string SoakUser::SomeText() { return dice_.OneOf(kTexts); }
-std::string SoakUser::SomePerson() { return dice_.OneOf(kPeople); }
-std::string SoakUser::SomeWave() { return dice_.OneOf(kWaves); }
 
 }  // namespace corvel::tools

@@ -1,8 +1,13 @@
-// The random user of the soak: thinks up one command of the scenario language after the other, in a
-// client and a program as they happen to stand. So each of its deeds can be played by hand again.
+// The random user of the soak: looks at what is there (windows and their controls, menus, the tray,
+// the client's menu bar and documents) and thinks up one command of the scenario language after the
+// other. So each of his deeds can be played by hand again, and whatever comes to the program he
+// finds by himself.
 #pragma once
 
+#include "tools/desk/desk_stage.h"
 #include "tools/desk/dice.h"
+#include "tools/desk/soak_uses.h"
+#include "tools/desk/soak_words.h"
 #include "tools/play.h"
 #include "tools/scenario_file.h"
 
@@ -15,48 +20,64 @@ namespace corvel::tools {
 
 class SoakUser {
  public:
-  SoakUser(Play& play, Dice& dice) : play_(play), dice_(dice) {}
+  SoakUser(DeskStage& stage, Play& play, Dice& dice) : stage_(stage), play_(play), dice_(dice) {}
 
-  // A command that could be given now; none if the one thought of can't be.
-  Words Think();
+  struct Thought {
+    Words words;        // none: nothing that he thinks of can be done
+    std::string thing;  // what he uses by it
+  };
+  Thought Think();
   // What an impatient user does when too many windows wait for him.
-  Words CloseSomething();
-  // Queues an answer for whatever dialog comes next.
+  Thought CloseSomething();
+  // The thought was carried out.
+  void Did(const Thought& thought);
+
+  // Queues an answer for whatever dialog stands or comes next.
   void ThinkOfAnswer();
   // The next client to be, before it starts.
   void ChooseClient();
+  // Earlier settings, as another evening may have left them: changes some of those that are there.
+  void ChangeSettings();
+
+  const SoakUses& Uses() const { return uses_; }
 
  private:
-  using Thought = std::vector<std::string>;
-  struct Deed {
+  struct Offer {
+    std::string thing;
+    int weight;
+    std::vector<std::string> words;
+  };
+  struct Area {
     int weight;
     Thought (SoakUser::*think)();
   };
-  static std::span<const Deed> Deeds();
+  static std::span<const Area> Areas();
 
-  Thought UseControl();
-  Thought UseMenu();
+  Thought UseWindow();
+  Thought UseForm(const FormView& form);
   Thought UsePopup();
   Thought UseTray();
-  Thought UseRoom();
-  Thought UsePeople();
-  Thought UseIm();
-  Thought UseMail();
-  Thought UseClient();
-  Thought ChangeFiles();
-  Thought BreakFiles();
-  Thought MendFiles();
-  Thought HangClient();
-  Thought EndClient();
-  Thought EndProgram();
+  Thought UseClientMenu();
+  Thought CloseDocument();
+  Thought UseWord();
 
-  std::string SomeText();
-  std::string SomePerson();
-  std::string SomeWave();
-  std::optional<FormView> SomeForm();
+  Thought OneOf(const std::vector<Offer>& offers);
+  void Look();
+  std::vector<FormView> PlayableForms();
+  std::vector<ControlView> UsableControls(Window form);
+  std::vector<std::string> WordsFor(const std::string& name, const ControlState& state);
+  void AddRows(std::vector<Offer>& offers, MenuHandle menu, std::vector<std::string> path,
+               const std::string& origin);
+  std::string Another(const std::string& value);
+  std::string SomeButton();
+  std::string Some(std::string_view placeholder) { return made_.Some(placeholder).value_or(""); }
 
+  DeskStage& stage_;
   Play& play_;
   Dice& dice_;
+  SoakWords made_{dice_};
+  SoakUses uses_;
+  std::string opener_;  // what was used last: a pop-up that is open came of it
 };
 
 }  // namespace corvel::tools

@@ -1,6 +1,7 @@
 // The user's hands at the practice client; see client_hand.h.
 #include "tools/win32/client_hand.h"
 
+#include "base/cp1252.h"
 #include "platform/win32/handles.h"
 #include "tools/user.h"
 #include "tools/win32/message_touch.h"
@@ -60,10 +61,13 @@ std::string ClientHand::Type(const Words& words) {
 }
 
 std::string ClientHand::Press(const Words& words) {
-  const auto key = ParseKey(words[1]);
-  if (!key) return "there is no key " + words[1];
+  std::string_view name = words[1];
+  const bool control = TakeControl(name);
+  const auto key = ParseKey(name);
+  if (!key && name.size() != 1) return "there is no key " + words[1];
   const std::string why = GoToTyping();
-  if (why.empty()) hands_.Press(VirtualKeyOf(*key), {.control = *key == Key::kControlEnter});
+  const int code = key ? VirtualKeyOf(*key) : UpperChar(name[0]);
+  if (why.empty()) hands_.Press(code, {.control = control});
   return why;
 }
 
