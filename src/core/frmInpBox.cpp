@@ -20,6 +20,7 @@ frmInpBox::frmInpBox(Program& p, std::string_view text, std::string_view preset,
       Timer1(*this, "Timer1", kFocusDelayMs, true),
       text_(text) {
   Image1.SetPicture(Picture::kQuestion);
+  Image1.SetAccessibleName("Question");
   txtInput.SetText(preset);
   txtInput.SetMaxLength(options.maxLength);
   Command1[0].SetDefault(true);

@@ -27,6 +27,14 @@ bool Overlap(const Rect& a, const Rect& b) {
          b.top < a.top + a.height;
 }
 
+// A frame lies behind what it holds.
+bool Holds(const ControlState& frame, const Rect& inside) {
+  const Rect& place = frame.place;
+  return frame.kind == ControlKind::kFrame && inside.left >= place.left &&
+         inside.top >= place.top && inside.left + inside.width <= place.left + place.width &&
+         inside.top + inside.height <= place.top + place.height;
+}
+
 // The letter behind the "&" in what a control reads, in lower case; 0 for none.
 char AccessKey(const ControlState& control) {
   const bool canHave = control.kind != ControlKind::kTextBox &&
@@ -51,13 +59,17 @@ std::set<std::string> FaultsOf(const FormState& form, const std::vector<ControlV
         one.place.left + one.place.width > form.place.width ||
         one.place.top + one.place.height > form.place.height)
       faults.insert(name + " sticks out");
-    if (one.text.empty() && one.accessibleName.empty() && one.kind != ControlKind::kLabel)
+    const bool needsName = one.kind != ControlKind::kLabel && one.kind != ControlKind::kFrame;
+    if (needsName && one.text.empty() && one.accessibleName.empty())
       faults.insert(name + " has no name");
     if (const char key = AccessKey(one); key != '\0' && !keys.insert(key).second)
       faults.insert(name + " has another one's access key");
-    for (std::size_t j = 0; j < i; ++j)
-      if (controls[j].state->visible && Overlap(one.place, controls[j].state->place))
-        faults.insert(name + " overlaps " + controls[j].state->name);
+    for (std::size_t j = 0; j < i; ++j) {
+      const ControlState& other = *controls[j].state;
+      if (other.visible && Overlap(one.place, other.place) && !Holds(one, other.place) &&
+          !Holds(other, one.place))
+        faults.insert(name + " overlaps " + other.name);
+    }
   }
   return faults;
 }

@@ -271,6 +271,7 @@ SoakUser::Thought SoakUser::CloseDocument() {
 SoakUser::Thought SoakUser::UseWord() {
   std::vector<Offer> offers;
   const auto add = [&](const Command& command) {
+    if (WeightOf(command) == 0) return;  // said elsewhere, or not at all
     uses_.Saw(command.word);
     offers.push_back({command.word, WeightOf(command), {command.word}});
   };
