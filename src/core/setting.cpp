@@ -3,8 +3,6 @@
 #include "base/text.h"
 
 #include <algorithm>
-#include <charconv>
-#include <iterator>
 
 namespace corvel {
 
@@ -59,9 +57,12 @@ std::optional<double> NumberWithin(const std::string& text, double lowest, doubl
 
 std::string NumberText(std::int32_t number) { return std::to_string(number); }
 
+// Not by to_chars, which for this type sets the processor in a way that older ones don't know.
 std::string NumberText(float number) {
-  char text[32];
-  return {text, std::to_chars(std::begin(text), std::end(text), number).ptr};
+  std::string text = std::to_string(number);
+  text.erase(text.find_last_not_of('0') + 1);
+  if (text.ends_with('.')) text.pop_back();
+  return text;
 }
 
 }  // namespace corvel

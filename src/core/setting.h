@@ -227,7 +227,7 @@ class FlagSetting final : public WordSetting<bool> {
 std::optional<double> NumberWithin(const std::string& text, double lowest, double highest,
                                    bool forgiving);
 std::string NumberText(std::int32_t number);
-std::string NumberText(float number);  // the shortest that reads as the same number
+std::string NumberText(float number);  // with six decimals at most, and none that is empty
 
 template <typename T>
 class NumberSetting : public SettingOf<T> {

@@ -20,7 +20,7 @@ for file in "$@"; do
     status=1
   elif ! awk -v file="$file" -v newer="$newer" '
       /^[0-9a-f]+ <.*>:$/ { symbol = $2 }
-      symbol !~ /^<\.(gcc_except_table|rdata)/ && $0 ~ newer {
+      symbol !~ /^<\.(gcc_except_table|rdata|[cd]tors)/ && $0 ~ newer {
         if (found++ < 5) print file ": uses a newer instruction in " symbol $0
       }
       END { exit found > 0 }' "$listing"; then
