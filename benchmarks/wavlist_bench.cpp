@@ -5,6 +5,7 @@
 #include "core/settings_fader.h"
 #include "platform/desk/desk.h"
 #include "platform/desk/desk_services.h"
+#include "voice/room_voice.h"
 #include "wavlib/fav_wavs.h"
 #include "wavlib/frmTabs.h"
 #include "wavlib/wav_categories.h"
@@ -44,7 +45,7 @@ class WavDesk {
   frmTabs& ShowList(std::string_view category) {
     program_.store.WriteKey("Categories", "Mine", "C:\\Wavs");
     program_.store.WriteKey("Wav List", "Default Category", category);
-    return program_.forms.Load<frmTabs>(program_, client_, fader_);
+    return program_.forms.Load<frmTabs>(program_, client_, voice_);
   }
 
  private:
@@ -53,6 +54,7 @@ class WavDesk {
   Program program_{desk_.platform()};
   AolClient client_{program_};
   Fader fader_{program_.settings.Fader.Fade};
+  RoomVoice voice_{program_, client_, fader_};
 };
 
 void ShowAgain(benchmark::State& state, WavDesk& desk, std::string_view category) {
