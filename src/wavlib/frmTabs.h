@@ -83,7 +83,6 @@ class frmTabs : public ProgramForm {
   void cmdNewCat_Click();
   void cmdEditCat_Click();
   void cmdDelCat_Click();
-  std::string AskFolder();
   bool HasCategory(const std::string& name) const;
   void ShowNewEntry(const std::string& name);
   void RenameEntry(const std::string& oldName, const std::string& name);

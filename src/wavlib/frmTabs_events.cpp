@@ -19,14 +19,6 @@ namespace corvel {
 
 // --- Categories ----------------------------------------------------------------------------------
 
-// The chooser is in front of this window, which takes no clicks meanwhile.
-std::string frmTabs::AskFolder() {
-  SetEnabled(false);
-  const std::string folder = Lower(ChooseFolder(program, WavFolderQuestion()));
-  SetEnabled(true);
-  return folder;
-}
-
 bool frmTabs::HasCategory(const std::string& name) const {
   if (const frmTabs* list = Standing()) return list->cboList.FindExact(name) >= 0;
   const auto names = CategoryNames(program);
@@ -34,7 +26,7 @@ bool frmTabs::HasCategory(const std::string& name) const {
 }
 
 void frmTabs::cmdNewCat_Click() {
-  const std::string folder = AskFolder();
+  const std::string folder = Lower(ChooseFolder(program, WavFolderQuestion(), this));
   if (folder.empty()) return;
   const std::string name = InputBoxEx(
       program,
