@@ -1,7 +1,7 @@
 # What is built for Windows only: the platform on real windows, the hook library, the programs.
 set(CMAKE_SHARED_LIBRARY_PREFIX "")
 
-corvel_library(win32 src/platform/win32 base)
+corvel_library(win32 src/platform/win32 platform base)
 if(TARGET corvel_win32)
   target_link_libraries(corvel_win32 PUBLIC comctl32 comdlg32 winmm version)
 endif()

@@ -6,12 +6,17 @@ target_include_directories(corvel_gtest SYSTEM
   PUBLIC ${CMAKE_CURRENT_SOURCE_DIR}/platform/win32 ${CORVEL_GTEST}/include
   PRIVATE ${CORVEL_GTEST})
 
+# The user's hand at real windows, by messages.
+add_library(corvel_message_touch STATIC ${CMAKE_SOURCE_DIR}/tools/win32/message_touch.cpp)
+target_link_libraries(corvel_message_touch PUBLIC corvel_hand corvel_win32)
+
 # The conformance suite, and the other process that it looks at.
 file(GLOB conformance CONFIGURE_DEPENDS platform/conformance_*_test.cpp)
 add_executable(test_platform ${conformance} platform/home.cpp platform/win32/main.cpp
   platform/win32/own_windows_test.cpp platform/win32/services_test.cpp
-  platform/win32/win32_home.cpp platform/win32/wine_printer.cpp)
-target_link_libraries(test_platform corvel_win32 corvel_gtest winspool)
+  platform/win32/web_server.cpp platform/win32/win32_home.cpp platform/win32/wine_drives.cpp
+  platform/win32/wine_printer.cpp)
+target_link_libraries(test_platform corvel_message_touch corvel_gtest winspool ws2_32)
 add_executable(conformance_other WIN32 platform/home.cpp platform/win32/other_main.cpp)
 target_link_libraries(conformance_other corvel_win32)
 set_target_properties(conformance_other PROPERTIES OUTPUT_NAME other)
@@ -34,7 +39,7 @@ set_tests_properties(practice PROPERTIES RUN_SERIAL ON)
 # The program's forms and controls as windows, under a user's hand.
 file(GLOB win32forms CONFIGURE_DEPENDS win32forms/*.cpp)
 add_executable(test_win32forms ${win32forms} platform/win32/main.cpp)
-target_link_libraries(test_win32forms corvel_forms corvel_win32 corvel_gtest)
+target_link_libraries(test_win32forms corvel_forms corvel_message_touch corvel_gtest)
 set_target_properties(test_win32forms PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}
   CROSSCOMPILING_EMULATOR wine)
 add_test(NAME win32forms COMMAND test_win32forms --gtest_brief=1)

@@ -6,9 +6,12 @@
 #include "base/civil_time.h"
 #include "platform/desk/journal.h"
 #include "platform/desk/prompt.h"
+#include "platform/desk/web_table.h"
+#include "platform/files.h"
 #include "platform/menus.h"
 #include "platform/registry.h"
 #include "practice/practice_client.h"
+#include "tools/hand/hand.h"
 
 #include <cstdint>
 #include <functional>
@@ -22,21 +25,6 @@ namespace corvel::tools {
 
 // What was wrong: "expected …, got …". Empty: nothing.
 using Failure = std::string;
-
-// Something begun that may last: why it can't be done, or when it is over (empty: it is).
-struct Deed {
-  std::string refusal{};
-  std::function<bool()> over{};
-};
-
-struct FormView {
-  Window window;
-  const FormState* state;
-};
-struct ControlView {
-  Window window;
-  const ControlState* state;
-};
 
 // Whoever plays the user and the world. Called whenever nothing else is due, also from inside the
 // program's waits.
@@ -85,6 +73,12 @@ class Stage {
   // A valid wave file of silence.
   void PutWave(std::string_view path, double seconds);
 
+  // The machine has this drive; without a disk each use of it fails. A (an empty diskette drive)
+  // and C are there from the start.
+  virtual void SetDrive(char letter, DriveKind kind, bool hasDisk) = 0;
+  // What the web answers, from now on.
+  virtual desk::WebTable& web() = 0;
+
   // Faults.
   virtual void FailFile(int call, int errorNumber, const std::string& part) = 0;
   virtual void SetFreeSpace(std::int64_t bytes) = 0;
@@ -124,16 +118,20 @@ class Stage {
   virtual void EndAll() = 0;
 
   // --- The user's hand -------------------------------------------------------------------------
-  // Forms that stand, oldest first.
-  virtual std::vector<FormView> Forms() = 0;
-  virtual std::vector<ControlView> ControlsOf(Window form) = 0;
-  virtual Deed Click(Window control) = 0;
-  virtual Deed DoubleClick(Window control) = 0;
-  virtual Deed RightClick(Window control) = 0;
-  virtual Deed Select(Window control, int row, bool keepMarked) = 0;
-  virtual Deed Type(Window control, const std::string& wholeText) = 0;
-  virtual Deed Press(Window control, Key key) = 0;
-  virtual Deed Close(Window form) = 0;
+  virtual Hand& hand() = 0;
+  std::vector<FormView> Forms() { return hand().Forms(); }
+  std::vector<ControlView> ControlsOf(Window form) { return hand().ControlsOf(form); }
+  Deed Click(Window control) { return hand().Click(control); }
+  Deed DoubleClick(Window control) { return hand().DoubleClick(control); }
+  Deed RightClick(Window control) { return hand().RightClick(control); }
+  Deed Select(Window control, int row, bool keepMarked) {
+    return hand().Select(control, row, keepMarked);
+  }
+  Deed Type(Window control, const std::string& wholeText) {
+    return hand().Type(control, wholeText);
+  }
+  Deed Press(Window control, Key key) { return hand().Press(control, key); }
+  Deed Close(Window form) { return hand().Close(form); }
   virtual bool TrayMouse(LParam mouseMessage) = 0;                    // false: there is no icon
   virtual std::vector<std::shared_ptr<desk::Prompt>>& Prompts() = 0;  // innermost last
   virtual Menus& menus() = 0;                                         // to look at a pop-up's rows

@@ -66,21 +66,15 @@ std::string ValueOf(const ControlState& state) {
   if (HasCheckState(state.kind)) return state.value != 0 ? "1" : "0";
   if (state.kind == ControlKind::kProgressBar) return std::to_string(state.value);
   if (!HasRows(state.kind)) return state.text;
-  const bool isRow = state.selected >= 0 && state.selected < static_cast<int>(state.items.size());
-  return isRow ? state.items[static_cast<std::size_t>(state.selected)] : "";
+  return HasRow(state, state.selected) ? state.items[static_cast<std::size_t>(state.selected)] : "";
 }
 
 std::optional<FormView> User::FindForm(const std::string& name) const {
-  std::optional<FormView> newest;
-  for (const FormView& form : stage_.Forms())
-    if (EqualNoCase(form.state->name, name)) newest = form;
-  return newest;
+  return stage_.hand().FindForm(name);
 }
 
 std::optional<ControlView> User::FindControl(Window form, std::string_view name, int index) const {
-  for (const ControlView& control : stage_.ControlsOf(form))
-    if (EqualNoCase(control.state->name, name) && control.state->index == index) return control;
-  return std::nullopt;
+  return stage_.hand().FindControl(form, name, index);
 }
 
 std::optional<ControlView> User::FindControl(const std::string& name, std::string& why) const {

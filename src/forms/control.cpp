@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "forms/form.h"
+#include "platform/form_keyboard.h"
 
 #include <algorithm>
 
@@ -16,7 +17,8 @@ bool IsShortened(const std::string& before, const std::string& text) {
 
 }  // namespace
 
-Control::Control(Form& form, ControlKind kind, std::string name, int index) : form_(form) {
+Control::Control(Form& form, ControlKind kind, std::string name, int index)
+    : form_(form), id_(form.NextId()) {
   state_.kind = kind;
   state_.name = std::move(name);
   state_.index = index;
@@ -41,9 +43,7 @@ void Control::Raise(const std::function<void()>& procedure, const char* event) {
   form_.Collection().Run(form_, state_.name, event, copy);
 }
 
-bool Control::TakesInput() const {
-  return peer_ && state_.enabled && state_.visible && form_.State().enabled;
-}
+bool Control::TakesInput() const { return peer_ && IsUsable(state_) && form_.State().enabled; }
 
 void Control::SetEnabled(bool enabled) {
   if (state_.enabled == enabled) return;
@@ -57,13 +57,17 @@ void Control::SetVisible(bool visible) {
 }
 
 void Control::ApplyVisible() {
-  const bool visible = ownVisible_ && (!frame_ || frame_->Visible());
+  const bool visible = ownVisible_ && (!holder_ || holder_->Visible());
   if (visible == state_.visible) return;
   state_.visible = visible;
   Show(Aspect::kVisible);
-  if (state_.kind != ControlKind::kFrame) return;
   for (Control* control : form_.Controls())
-    if (control->frame_ == this) control->ApplyVisible();
+    if (control->holder_ == this) control->ApplyVisible();
+}
+
+void Control::HideWith(Control& holder) {
+  holder_ = &holder;
+  ApplyVisible();
 }
 
 void Control::SetToolTip(std::string text) {
@@ -105,11 +109,6 @@ void Control::UserRightClick() {
 void Control::UserSelect(int, bool) {}
 void Control::UserText(const std::string&) {}
 
-void Control::UserDrag(int dx, int dy) {
-  if (!TakesInput()) return;
-  if (const auto copy = onDrag) Raise([&copy, dx, dy] { copy(dx, dy); }, "Drag");
-}
-
 bool Control::UserKey(Key key) {
   if (!TakesInput()) return false;
   const Forms::EventScope scope(form_.Collection());
@@ -123,7 +122,7 @@ bool Control::UseKey(Key key) {
   if (key == Key::kEnter && state_.multiLine) return false;
   for (Control* control : form_.Controls()) {
     const bool meant = key == Key::kEnter ? control->state_.isDefault : control->state_.isCancel;
-    if (!meant || !control->TakesInput()) continue;
+    if (!meant || !control->TakesInput() || HungWith(control->state_) != HungWith(state_)) continue;
     control->UserClick();
     return true;
   }
@@ -153,6 +152,11 @@ void Captioned::SetCaption(std::string_view caption) {
 
 Label::Label(Form& form, std::string name, std::string_view caption, int index)
     : Captioned(form, ControlKind::kLabel, std::move(name), caption, index) {}
+
+void Label::SetMnemonic(bool mnemonic) {
+  state_.mnemonic = mnemonic;
+  Show(Aspect::kLook);
+}
 
 Button::Button(Form& form, std::string name, std::string_view caption, int index)
     : Button(form, ControlKind::kButton, std::move(name), caption, index) {}
@@ -193,10 +197,7 @@ void FlatButton::SetLook(const ButtonLook& look) {
 Frame::Frame(Form& form, std::string name, std::string_view caption, int index)
     : Captioned(form, ControlKind::kFrame, std::move(name), caption, index) {}
 
-void Frame::Hold(Control& control) {
-  control.frame_ = this;
-  control.ApplyVisible();
-}
+void Frame::Hold(Control& control) { control.HideWith(*this); }
 
 TextBox::TextBox(Form& form, std::string name, int index)
     : Control(form, ControlKind::kTextBox, std::move(name), index) {}
@@ -279,8 +280,14 @@ bool OptionButton::UseKey(Key key) {
 ProgressBar::ProgressBar(Form& form, std::string name)
     : Control(form, ControlKind::kProgressBar, std::move(name)) {}
 
-void ProgressBar::SetValue(int percent) {
-  const int next = std::clamp(percent, 0, state_.maximum);
+void ProgressBar::SetMaximum(int maximum) {
+  state_.maximum = std::max(maximum, 1);
+  state_.value = std::min(state_.value, state_.maximum);
+  Show(Aspect::kLook);
+}
+
+void ProgressBar::SetValue(int value) {
+  const int next = std::clamp(value, 0, state_.maximum);
   if (state_.value == next) return;
   state_.value = next;
   Show(Aspect::kValue);

@@ -38,15 +38,15 @@ class Control : public ControlEvents {
 
   bool Enabled() const { return state_.enabled; }
   void SetEnabled(bool enabled);
-  // As it shows: a control inside a hidden frame isn't visible. SetVisible sets its own part in
-  // that, OwnVisible tells it.
+  // As it shows: a control inside a hidden frame or container isn't visible. SetVisible sets its
+  // own part in that, OwnVisible tells it.
   bool Visible() const { return state_.visible; }
   void SetVisible(bool visible);
   bool OwnVisible() const { return ownVisible_; }
   const std::string& ToolTip() const { return state_.toolTip; }
   void SetToolTip(std::string text);
   void SetAccessibleName(std::string text) { state_.accessibleName = std::move(text); }
-  void SetPlace(const Rect& place);
+  virtual void SetPlace(const Rect& place);  // in its container's pixels, else in the form's
   void SetFont(const FontStyle& font);
   void SetTabOrder(int order) { state_.tabOrder = order; }
   void TakeFocus();
@@ -54,7 +54,6 @@ class Control : public ControlEvents {
 
   std::function<void()> onClick, onDblClick, onRightClick;
   std::function<bool(Key)> onKey;  // before the control's own use; true: used up
-  std::function<void(int dx, int dy)> onDrag;
 
   void UserClick() override;
   void UserDoubleClick() override;
@@ -64,24 +63,29 @@ class Control : public ControlEvents {
   // onKey first; then Space clicks a button, check or option, the arrows move the current row,
   // Enter presses the form's default button and Escape its cancel button.
   bool UserKey(Key key) override;
-  void UserDrag(int dx, int dy) override;
+  void WindowPlaced(const Rect&) override {}  // of containers alone
+  void WindowLost() override {}
 
  protected:
   void Show(Aspect aspect, int row = -1);
   // Runs an event procedure of this control; nothing may be touched behind it unless an EventScope
   // stands around, since the form can be gone.
   void Raise(const std::function<void()>& procedure, const char* event);
-  bool TakesInput() const;       // loaded, enabled and visible
+  bool TakesInput() const;       // loaded, enabled and visible, with all that it stands in
   virtual bool UseKey(Key key);  // the control's own use; true: used up
   ControlState state_;
 
  private:
   friend class Form;
   friend class Frame;
+  friend class Container;
+  void HideWith(Control& holder);
   void ApplyVisible();
 
   Form& form_;
-  Control* frame_ = nullptr;  // that it hides with
+  const WParam id_;
+  Control* holder_ = nullptr;     // the frame or container that it hides with
+  Control* container_ = nullptr;  // that it stands in
   bool ownVisible_ = true;
   std::unique_ptr<ControlPeer> peer_;
 };
@@ -104,8 +108,8 @@ class Label : public Captioned {
   Label(Form& form, std::string name, std::string_view caption = {}, int index = -1);
   void SetWordWrap(bool wrap) { state_.wordWrap = wrap; }
   void SetCentered(bool centered) { state_.alignCenter = centered; }
-  // Without it the text is data, and its "&" shows as it is; before the form loads.
-  void SetMnemonic(bool mnemonic) { state_.mnemonic = mnemonic; }
+  // Without it the text is data, and its "&" shows as it is.
+  void SetMnemonic(bool mnemonic);
 };
 
 class Button : public Captioned {
@@ -180,7 +184,10 @@ class ProgressBar : public Control {
  public:
   ProgressBar(Form& form, std::string name);
   int Value() const { return state_.value; }
-  void SetValue(int percent);
+  int Maximum() const { return state_.maximum; }
+  void SetMaximum(int maximum);  // at least 1; 100 to begin with. A larger value comes down to it
+  // Held to 0 and the maximum. Seen at once, also by a user whose program is too busy to pump.
+  void SetValue(int value);
 };
 
 // Rows of text with a current row; the common part of list box, combo, tab strip, list view.
@@ -202,6 +209,9 @@ class Rows : public Control {
   long ItemData(int row) const;
   void SetItemData(int row, long data);
   void SetItem(int row, std::string_view text);
+  // A row_image, which goes with its row. Shown by list views and tab strips.
+  int Image(int row) const;
+  void SetImage(int row, int image);
   // Finds as CB_FINDSTRING does: the first row behind `after`, round to the start, that begins with
   // `text`, case ignored. -1: none.
   int FindString(int after, std::string_view text) const;

@@ -1,6 +1,7 @@
 #include "forms/form.h"
 
 #include "base/text.h"
+#include "forms/container.h"
 #include "forms/menu.h"
 #include "forms/subclass.h"
 #include "forms/timer.h"
@@ -17,7 +18,7 @@ int HeldTo16Bits(int pixels) {
 }
 
 template <class T>
-T* FindById(const std::vector<T*>& all, WParam id, WParam T::*member) {
+T* FindById(const std::vector<T*>& all, WParam id, const WParam T::*member) {
   const auto hit =
       std::find_if(all.begin(), all.end(), [&](const T* one) { return one->*member == id; });
   return hit == all.end() ? nullptr : *hit;
@@ -51,8 +52,13 @@ void Form::MakePeers() {
 }
 
 void Form::AddMissingPeers() {
-  for (Control* control : controls_)
-    if (!control->peer_) control->peer_ = peer_->Add(control->state_, *control);
+  for (Control* control : controls_) AddPeer(*control);
+}
+
+void Form::AddPeer(Control& control) {
+  if (control.peer_) return;
+  if (control.container_) AddPeer(*control.container_);
+  control.peer_ = peer_->Add(control.state_, control);
 }
 
 void Form::DropPeers() noexcept {
@@ -111,6 +117,8 @@ void Form::SetTopMost(bool topMost) {
 void Form::SetOwner(Window owner) {
   if (peer_) platform().windows.SetOwner(Handle(), owner);
 }
+
+void Form::SetDraggedBy(Label& label) { state_.draggable = label.state_.dragsForm = true; }
 
 void Form::SetBackColor(Color color) {
   state_.backColor = color;
@@ -217,6 +225,9 @@ void Form::OnMessage(MessageId id, WParam wParam, LParam lParam) {
   } else if (id == kDeferredMessage) {
     if (SubClass* subClass = FindById(subClasses_, wParam, &SubClass::id_))
       subClass->OnDeferred(lParam);
+  } else if (id == kContainerLost) {
+    if (auto* container = dynamic_cast<Container*>(FindById(controls_, wParam, &Control::id_)))
+      container->MakeAnew();
   } else if (id >= wm::kUser) {
     forms_.Run(*this, "Form", "Message", [&] { Form_Message(id, wParam, lParam); });
   }

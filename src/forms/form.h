@@ -94,6 +94,9 @@ class Form : public FormEvents, public std::enable_shared_from_this<Form> {
   void SetBorder(bool border) { state_.border = border; }
   void SetResizable(bool resizable) { state_.resizable = resizable; }
   void SetEtchedEdge(bool etched) { state_.etchedEdge = etched; }
+  // The user moves a form without a border by dragging this label as he would a title bar, or by
+  // the system's keys for moving a window (Alt+Space). Form_Move comes once, at the end.
+  void SetDraggedBy(Label& label);
   void SetClosable(bool closable) { state_.closable = closable; }
   void SetMinimizable(bool minimizable) { state_.minimizable = minimizable; }
   void SetShowsInTaskbar(bool shows) { state_.showsInTaskbar = shows; }
@@ -104,12 +107,14 @@ class Form : public FormEvents, public std::enable_shared_from_this<Form> {
  private:
   friend class Chat;
   friend class Forms;
+  friend class Container;
   friend class Control;
   friend class SubClass;
   friend class Timer;
   void MakePeers();
   void DropPeers() noexcept;
   void AddMissingPeers();
+  void AddPeer(Control& control);  // behind that of its container
   void Close(bool byUser);
   void Place(const Rect& place);
   void Changed(Aspect aspect);
@@ -122,7 +127,7 @@ class Form : public FormEvents, public std::enable_shared_from_this<Form> {
   std::vector<Timer*> timers_;
   std::vector<SubClass*> subClasses_;
   std::vector<Chat*> chats_;
-  std::uintptr_t lastId_ = 0;  // of timers and subclass controls; never given twice
+  std::uintptr_t lastId_ = 0;  // of controls, timers and subclass controls; never given twice
   Box content_;
   bool unloading_ = false;
   bool mustGo_ = false;  // all forms are being unloaded: Form_QueryUnload can't keep it

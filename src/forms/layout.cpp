@@ -1,7 +1,7 @@
 #include "forms/layout.h"
 
 #include "base/text.h"
-#include "forms/control.h"
+#include "forms/container.h"
 
 #include <algorithm>
 #include <utility>
@@ -45,6 +45,8 @@ constexpr Rule RuleOf(ControlKind kind) {
       return {false, 20, 5, {0, 0}, true};
     case ControlKind::kFrame:
       return {true, 0, 1, {16, 8}, true};
+    case ControlKind::kContainer:
+      return {false, 20, 5, {0, 0}, true};
   }
   return {};
 }
@@ -52,6 +54,7 @@ constexpr Rule RuleOf(ControlKind kind) {
 constexpr Size kIconSize{32, 32};
 constexpr int kPopupArrowWidth = 12;
 constexpr int kTabAround = 16;       // left and right of a tab's caption
+constexpr int kTabImage = 20;        // a picture beside it
 constexpr int kNearlyAsHigh = 4;     // pixels: a row's buttons and edits become equally high
 constexpr int kWrappedColumns = 40;  // of a wrapping label without a width of its own
 
@@ -119,7 +122,8 @@ Size RunsExtent(const std::vector<TextRun>& runs, const Metrics& metrics) {
 int TabsWidth(const ControlState& state, const Metrics& metrics) {
   int width = 0;
   for (const std::string& caption : state.items)
-    width += metrics.display.TextExtent(caption, state.font).width + kTabAround;
+    width += metrics.display.TextExtent(caption, state.font).width + kTabAround +
+             (state.images.empty() ? 0 : kTabImage);
   return width;
 }
 
@@ -209,6 +213,8 @@ class Layouter {
     switch (measured.box->kind) {
       case Box::Kind::kCell:
         return measured.box->control->SetPlace(place);
+      case Box::Kind::kContained:  // which places what is inside
+        return static_cast<Container*>(measured.box->control)->PlaceAtHome(place);
       case Box::Kind::kRow:
         return PlaceLine(measured, place, true);
       case Box::Kind::kColumn:
@@ -308,7 +314,7 @@ void NumberTabs(const Box& box, int& next) {
 
 void HoldAll(Frame& frame, const Box& box) {
   if (box.control) frame.Hold(*box.control);
-  if (box.kind == Box::Kind::kFramed) return;  // that frame holds what is inside
+  if (box.kind == Box::Kind::kFramed || box.kind == Box::Kind::kContained) return;  // these hold it
   for (const Box& inside : box.inside) HoldAll(frame, inside);
 }
 
@@ -347,6 +353,21 @@ Box Framed(Frame& frame, Box inside) {
   Box box = Group(Box::Kind::kFramed, {std::move(inside)});
   box.control = &frame;
   return box;
+}
+
+Box Contained(Container& container, Box inside) {
+  container.SetContent(inside);
+  Box box = Group(Box::Kind::kContained, {std::move(inside)});
+  box.control = &container;
+  return box;
+}
+
+void FitControls(const Box& content, Display& display, Size room) {
+  const Metrics metrics(display);
+  const Layouter layouter(metrics);
+  const Measured measured = layouter.Measure(content);
+  layouter.Place(measured, {0, 0, std::max(measured.size.width, room.width),
+                            std::max(measured.size.height, room.height)});
 }
 
 Size PlaceControls(const Box& content, Display& display, Size room) {

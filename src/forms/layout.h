@@ -9,12 +9,13 @@
 
 namespace corvel::forms {
 
+class Container;
 class Control;
 class Frame;
 
 class Box {
  public:
-  enum class Kind { kCell, kRow, kColumn, kSpace, kStack, kFramed };
+  enum class Kind { kCell, kRow, kColumn, kSpace, kStack, kFramed, kContained };
 
   Kind kind = Kind::kSpace;
   Control* control = nullptr;
@@ -38,6 +39,14 @@ Box Stack(std::vector<Box> pages);
 // A frame around a box, with a margin and room for the frame's caption if it has one. The frame
 // holds the controls inside: they are seen only while it is.
 Box Framed(Frame& frame, Box inside);
+
+// A container around a box without any margin: its controls stand in the container's window, and
+// are placed anew whenever that has another size.
+Box Contained(Container& container, Box inside);
+
+// Places all controls of `content` in the whole of `room`, which has its corner at 0, 0; what needs
+// more than that is cut off by it.
+void FitControls(const Box& content, Display& display, Size room);
 
 // Places all controls of `content` with even margins in at least `room` and gives the client size
 // used, never more than is needed for both. Controls hidden by themselves (not by their frame) take

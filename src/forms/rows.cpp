@@ -90,6 +90,7 @@ int Rows::AddItem(std::string_view text, int at) {
   items.emplace(items.begin() + row, text);
   data_.insert(data_.begin() + row, 0);
   if (multiSelect_) state_.marked.insert(state_.marked.begin() + row, false);
+  if (!state_.images.empty()) state_.images.insert(state_.images.begin() + row, row_image::kNone);
   if (state_.selected >= row) ++state_.selected;
   newIndex_ = row;
   Show(Aspect::kItemInserted, row);
@@ -101,6 +102,7 @@ void Rows::RemoveItem(int row) {
   state_.items.erase(state_.items.begin() + row);
   data_.erase(data_.begin() + row);
   if (multiSelect_) state_.marked.erase(state_.marked.begin() + row);
+  if (!state_.images.empty()) state_.images.erase(state_.images.begin() + row);
   if (state_.selected == row)
     state_.selected = -1;
   else if (state_.selected > row)
@@ -115,6 +117,7 @@ void Rows::Replace(std::vector<std::string> items) {
   state_.items = std::move(items);
   data_.assign(state_.items.size(), 0);
   if (multiSelect_) state_.marked.assign(state_.items.size(), false);
+  state_.images.clear();
   state_.selected = -1;
   newIndex_ = -1;
   Show(Aspect::kItems);
@@ -123,6 +126,7 @@ void Rows::Replace(std::vector<std::string> items) {
 void Rows::Permute(const std::vector<std::size_t>& order) {
   std::vector<std::string> items;
   std::vector<long> data;
+  std::vector<int> images;
   items.reserve(order.size());
   data.reserve(order.size());
   int selected = -1;
@@ -130,9 +134,11 @@ void Rows::Permute(const std::vector<std::size_t>& order) {
     if (static_cast<int>(from) == state_.selected) selected = static_cast<int>(items.size());
     items.push_back(std::move(state_.items[from]));
     data.push_back(data_[from]);
+    if (!state_.images.empty()) images.push_back(state_.images[from]);
   }
   state_.items = std::move(items);
   data_ = std::move(data);
+  state_.images = std::move(images);
   state_.selected = selected;
   newIndex_ = -1;
   Show(Aspect::kItems);
@@ -147,6 +153,19 @@ void Rows::SetItemData(int row, long data) {
 void Rows::SetItem(int row, std::string_view text) {
   if (!Has(row) || List(row) == text) return;
   state_.items[static_cast<std::size_t>(row)] = text;
+  Show(Aspect::kItems, row);
+}
+
+int Rows::Image(int row) const {
+  return Has(row) && !state_.images.empty() ? state_.images[static_cast<std::size_t>(row)]
+                                            : row_image::kNone;
+}
+
+void Rows::SetImage(int row, int image) {
+  if (image < 0 || image > row_image::kCount) image = row_image::kNone;
+  if (!Has(row) || Image(row) == image) return;
+  state_.images.resize(state_.items.size(), row_image::kNone);
+  state_.images[static_cast<std::size_t>(row)] = image;
   Show(Aspect::kItems, row);
 }
 
@@ -250,6 +269,7 @@ void ListBox::RemoveRows(const std::vector<int>& rows) {
       state_.items[kept] = std::move(state_.items[row]);
       data_[kept] = data_[row];
       if (multiSelect_) state_.marked[kept] = state_.marked[row];
+      if (!state_.images.empty()) state_.images[kept] = state_.images[row];
     }
     ++kept;
   }
@@ -257,6 +277,7 @@ void ListBox::RemoveRows(const std::vector<int>& rows) {
   state_.items.resize(kept);
   data_.resize(kept);
   if (multiSelect_) state_.marked.resize(kept);
+  if (!state_.images.empty()) state_.images.resize(kept);
   state_.selected = selected;
   newIndex_ = -1;
   Show(Aspect::kItems);

@@ -30,6 +30,7 @@ enum class ControlKind {
   kProgressBar,
   kPicture,  // marked-up text runs, an icon, or the gradient
   kFrame,
+  kContainer,  // a window of its own that other controls stand in, and windows of other processes
 };
 
 // A colour as the system takes it: 0x00BBGGRR, or 0x800000nn for a named system colour.
@@ -66,6 +67,12 @@ struct ButtonLook {
   bool shadow = true;
 };
 
+// The small pictures at rows of list views and tab strips.
+namespace row_image {
+inline constexpr int kNone = 0, kUnread = 1, kRead = 2;
+inline constexpr int kCount = 2;
+}  // namespace row_image
+
 // All that a peer shows of a control. Owned and changed by the toolkit only.
 struct ControlState {
   ControlKind kind = ControlKind::kLabel;
@@ -75,10 +82,16 @@ struct ControlState {
   std::string accessibleName;  // what a screen reader says where the caption says nothing
   std::string toolTip;
   bool enabled = true, visible = true;
-  Rect place{};  // in the form's pixels
+  Rect place{};  // in the pixels of the window that it stands in
   int tabOrder = 0;
+  const ControlState* container = nullptr;  // of the same form, that it stands in; else the form
+  // Of a container: the window of another process that it hangs in just now, put there by
+  // WindowSystem::SetParent; else 0.
+  Window host{};
+  bool dragsForm = false;  // a label: the left button on it drags the form, as a title bar does
 
-  std::vector<std::string> items;    // rows of a list, combo, list view, tab strip
+  std::vector<std::string> items;  // rows of a list, combo, list view, tab strip
+  std::vector<int> images;  // a row_image for each row of these two last; empty: none has one
   std::vector<std::string> columns;  // headings of a list view
   std::vector<bool> marked;          // selected rows of a list with multiple selection, else empty
   int selected = -1;                 // the current row
@@ -130,13 +143,17 @@ enum class Key {
 class ControlEvents {
  public:
   virtual ~ControlEvents() = default;
-  virtual void UserClick() = 0;        // a button, check, option, label or picture
+  virtual void UserClick() = 0;        // a button, check, option, label, picture, or bare container
   virtual void UserDoubleClick() = 0;  // on the current row of a list
   virtual void UserRightClick() = 0;   // on the current row of a list, or on a control
   virtual void UserSelect(int row, bool alsoKeepMarked) = 0;  // a row; keeping others marked (Ctrl)
   virtual void UserText(const std::string& text) = 0;         // the whole new text of a text box
   virtual bool UserKey(Key key) = 0;                          // true: used up
-  virtual void UserDrag(int dx, int dy) = 0;                  // pixels, with the left button
+  // A container: another program has moved or sized its window. In its parent's pixels.
+  virtual void WindowPlaced(const Rect& place) = 0;
+  // A container: its window, with all in it, is being destroyed along with the window that it
+  // stands in. In the midst of that: to be noted only.
+  virtual void WindowLost() = 0;
 };
 
 enum class Aspect {
@@ -145,6 +162,7 @@ enum class Aspect {
   kEnabled,
   kVisible,
   kPlace,
+  kParent,  // the container that it stands in
   kItems,
   kItemInserted,
   kItemRemoved,
@@ -174,6 +192,7 @@ struct FormState {
        showsInTaskbar = false;
   Color backColor = static_cast<Color>(0x8000000F);
   bool etchedEdge = false;  // the frame that DrawFormEdge gives a borderless window
+  bool draggable = false;   // without a border: by one of its labels, and by the keys for moving
 };
 
 class FormEvents {

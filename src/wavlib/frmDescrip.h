@@ -19,7 +19,6 @@ class frmDescrip : public ProgramForm {
 
  private:
   void RestoreSize();
-  void lblDes_Drag(int dx, int dy);
 };
 
 }  // namespace corvel

@@ -8,6 +8,7 @@
 #include "platform/desk/desk_services.h"
 #include "platform/desk/desk_windows.h"
 #include "practice/desk/desk_home.h"
+#include "tools/hand/desk_touch.h"
 
 #include <functional>
 #include <gtest/gtest.h>
@@ -30,7 +31,7 @@ class BoxPresser : public desk::Agent {
     pressed_ = box->window;
     for (const auto& control : desk_.peers().ControlsOf(box->window)) {
       if (control.state->name == "Picture2") texts.push_back(control.state->text);
-      if (control.state->isDefault && control.state->visible) desk_.peers().Click(control.window);
+      if (control.state->isDefault && control.state->visible) hand_.Click(control.window);
     }
     return true;
   }
@@ -38,6 +39,8 @@ class BoxPresser : public desk::Agent {
 
  private:
   desk::Desk& desk_;
+  tools::DeskTouch touch_{desk_};
+  tools::Hand hand_{touch_};
   Window pressed_{};
 };
 

@@ -42,11 +42,13 @@ class PatientUser : public desk::Agent {
     if (insteadOfAnswering)
       insteadOfAnswering();
     else
-      desk_.peers().Click(Control(name, button, index)->window);
+      hand_.Click(Control(name, button, index)->window);
     return true;
   }
 
   desk::Desk& desk_;
+  tools::DeskTouch touch_{desk_};
+  tools::Hand hand_{touch_};
   Window pressed_;
 };
 
@@ -270,8 +272,7 @@ TEST(Life, AClientThatVanishesTakesAnOpenMessageAlong) {
   life.Start();
   life.stage.desk().RunFor(3000);
   life.user.insteadOfAnswering = [&] { life.stage.desk().Kill(life.stage.ClientProcess()); };
-  auto& peers = life.stage.desk().peers();
-  peers.Close(peers.FindForm("frmCV7").value().window);
+  life.stage.hand().Close(life.stage.hand().FindForm("frmCV7").value().window);
   life.stage.desk().RunFor(5000);
   EXPECT_EQ(life.user.messages.size(), 1u);
   EXPECT_FALSE(life.Runs());

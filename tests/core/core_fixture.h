@@ -6,6 +6,7 @@
 #include "platform/desk/desk.h"
 #include "platform/desk/desk_peers.h"
 #include "platform/desk/desk_services.h"
+#include "tools/hand/desk_touch.h"
 
 #include <deque>
 #include <functional>
@@ -70,16 +71,16 @@ class CoreTest : public testing::Test, public desk::Agent {
   // What the user does when the program next waits with nothing else to happen, in order.
   void Then(std::function<void()> deed) { deeds_.push_back(std::move(deed)); }
   void ThenClick(const std::string& form, const std::string& control, int index = -1) {
-    Then([=, this] { EXPECT_EQ(desk_.peers().Click(Find(form, control, index)).refusal, ""); });
+    Then([=, this] { EXPECT_EQ(hand_.Click(Find(form, control, index)).refusal, ""); });
   }
   void ThenPress(const std::string& form, const std::string& control, Key key, int index = -1) {
-    Then([=, this] { desk_.peers().Press(Find(form, control, index), key); });
+    Then([=, this] { hand_.Press(Find(form, control, index), key); });
   }
   void ThenType(const std::string& form, const std::string& control, const std::string& text) {
-    Then([=, this] { desk_.peers().Type(Find(form, control, -1), text); });
+    Then([=, this] { hand_.Type(Find(form, control, -1), text); });
   }
   void ThenClose(const std::string& form) {
-    Then([=, this] { desk_.peers().Close(desk_.peers().FindForm(form).value().window); });
+    Then([=, this] { hand_.Close(desk_.peers().FindForm(form).value().window); });
   }
 
   const ControlState& State(const std::string& form, const std::string& control, int index = -1) {
@@ -100,6 +101,8 @@ class CoreTest : public testing::Test, public desk::Agent {
   }
 
   desk::Desk desk_;
+  tools::DeskTouch touch_{desk_};
+  tools::Hand hand_{touch_};
   ProcessId process_ = 0;
   NoClient client_;
   std::unique_ptr<Program> program_;

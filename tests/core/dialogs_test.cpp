@@ -271,9 +271,9 @@ TEST_F(DialogsTest, TheFolderChooserWalksTheTree) {
     Then([=, this] {
       const auto& items = State("frmCMDialog", "Dir1").items;
       const auto at = std::find(items.begin(), items.end(), row) - items.begin();
-      desk_.peers().Select(Find("frmCMDialog", "Dir1", -1), static_cast<int>(at), false);
+      hand_.Select(Find("frmCMDialog", "Dir1", -1), static_cast<int>(at), false);
     });
-    Then([this] { desk_.peers().DoubleClick(Find("frmCMDialog", "Dir1", -1)); });
+    Then([this] { hand_.DoubleClick(Find("frmCMDialog", "Dir1", -1)); });
   };
   walk("Wavs");
   walk("Deep");

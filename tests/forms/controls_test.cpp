@@ -11,6 +11,7 @@ struct DialogForm : TestForm {
   OptionButton horizontal{*this, "optHorz", "H"}, vertical{*this, "optVert", "V"};
   OptionButton other{*this, "optOther", "O", 1};
   Frame outer{*this, "fraOuter"}, inner{*this, "fraInner"};
+  ProgressBar bar{*this, "prgStatus"};
 };
 
 class ControlsTest : public FormsTest {
@@ -126,6 +127,20 @@ TEST_F(ControlsTest, TheUsersTextIsHeldToItsLimitAndCodesIsNot) {
   form_->text.SetMaxLength(0);
   As([&] { form_->text.UserText("as long as one likes"); });
   EXPECT_EQ(form_->text.Text(), "as long as one likes");
+}
+
+TEST_F(ControlsTest, ABarStaysWithinItsMaximum) {
+  form_->bar.SetMaximum(3);
+  form_->bar.SetValue(2);
+  EXPECT_EQ(form_->bar.Value(), 2);
+  form_->bar.SetValue(70000);
+  EXPECT_EQ(form_->bar.Value(), 3);
+  form_->bar.SetMaximum(2);
+  EXPECT_EQ(form_->bar.Value(), 2);
+  form_->bar.SetMaximum(0);
+  form_->bar.SetValue(-1);
+  EXPECT_EQ(form_->bar.Maximum(), 1);
+  EXPECT_EQ(form_->bar.Value(), 0);
 }
 
 TEST_F(ControlsTest, FramesShowAndHideWhatTheyHold) {

@@ -153,7 +153,7 @@ TEST_F(FormLife, AFormMayUnloadItselfInItsOwnEvent) {
   As([&] { form->Show(); });
   const Window button = form->button.Handle();
   form.reset();
-  EXPECT_EQ(desk_.peers().Click(button).refusal, "");
+  EXPECT_EQ(hand_.Click(button).refusal, "");
   desk_.RunDue();
   EXPECT_TRUE(freed);
 }

@@ -6,6 +6,7 @@
 #include "forms/subclass.h"
 #include "forms/timer.h"
 #include "platform/desk/desk.h"
+#include "tools/hand/desk_touch.h"
 
 #include <functional>
 #include <gtest/gtest.h>
@@ -77,6 +78,8 @@ class FormsTest : public testing::Test {
   }
 
   desk::Desk desk_;
+  tools::DeskTouch touch_{desk_};
+  tools::Hand hand_{touch_};
   ProcessId process_ = 0;
   std::unique_ptr<Forms> forms_;
 };

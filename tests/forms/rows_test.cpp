@@ -197,5 +197,33 @@ TEST_F(RowsTest, KeysMoveTheCurrentRow) {
   EXPECT_EQ(form_->combo.ListIndex(), -1);
 }
 
+TEST_F(RowsTest, PicturesGoWithTheirRows) {
+  using Images = std::vector<int>;
+  ListView& view = form_->view;
+  const auto images = [&view] {
+    Images all;
+    for (int row = 0; row < view.ListCount(); ++row) all.push_back(view.Image(row));
+    return all;
+  };
+  view.SetItems({"c", "a", "b"});
+  EXPECT_TRUE(view.State().images.empty());
+  view.SetImage(0, row_image::kUnread);
+  view.SetImage(2, row_image::kRead);
+  view.Sort();
+  EXPECT_EQ(images(), (Images{0, 2, 1})) << "of a, b, c";
+  view.AddItem("new", 1);
+  EXPECT_EQ(images(), (Images{0, 0, 2, 1}));
+  view.RemoveItem(0);
+  EXPECT_EQ(images(), (Images{0, 2, 1}));
+  view.SetImage(2, -1);
+  view.SetImage(1, 99);
+  view.SetImage(5, row_image::kRead);
+  EXPECT_EQ(images(), (Images{0, 0, 0}));
+  EXPECT_EQ(view.Image(7), row_image::kNone);
+  view.SetImage(0, row_image::kRead);
+  view.SetItems({"x"});
+  EXPECT_EQ(images(), Images{0});
+}
+
 }  // namespace
 }  // namespace corvel::forms

@@ -10,8 +10,10 @@ namespace {
 // A control that keeps its state in step with what the user does, as the toolkit's do.
 class Control : public ControlEvents {
  public:
-  Control(FormPeer& formPeer, ControlKind kind, const char* name, Log& log, bool several = false)
+  Control(FormPeer& formPeer, ControlKind kind, const char* name, Log& log, bool several = false,
+          const Control* container = nullptr)
       : log_(log) {
+    if (container) state.container = &container->state;
     state.kind = kind;
     state.name = name;
     state.place = {1, 2, 80, 30};
@@ -38,9 +40,12 @@ class Control : public ControlEvents {
     peer->Changed(Aspect::kText);
   }
   bool UserKey(Key) override { return usesKeys; }
-  void UserDrag(int dx, int dy) override {
-    Say("drag " + std::to_string(dx) + "," + std::to_string(dy));
+  void WindowPlaced(const Rect& place) override {
+    state.place = place;
+    Say("placed " + std::to_string(place.left) + "," + std::to_string(place.top) + " " +
+        std::to_string(place.width) + "x" + std::to_string(place.height));
   }
+  void WindowLost() override { Say("lost"); }
   void Set(bool ControlState::*flag, bool value) {
     state.*flag = value;
     peer->Changed(flag == &ControlState::visible ? Aspect::kVisible : Aspect::kEnabled);
@@ -172,7 +177,7 @@ TEST_F(PeersTest, TheUsersHandReachesTheEvents) {
   EXPECT_EQ(Came(user.Select(Of(*marks), 2, true)), "lstMarks select 2+;");
   EXPECT_EQ(Came(user.Type(Of(*text), "new")), "txtName text new;");
   EXPECT_EQ(windows.Focus(), Of(*text));
-  EXPECT_EQ(Came(user.Drag(Of(*label), 3, -4)), "lblName drag 3,-4;");
+  EXPECT_EQ(Came(user.Click(Of(*label))), "lblName click;");
   EXPECT_EQ(Came(user.Close(form->formPeer->Handle())), "frmTest close;");
   EXPECT_EQ(Came(user.MoveForm(form->formPeer->Handle(), 5, 6)), "frmTest moved 5,6;");
   EXPECT_EQ(windows.PlaceOf(form->formPeer->Handle()), (Rect{5, 6, 300, 200}));
@@ -275,6 +280,171 @@ TEST_F(PeersTest, AFormGoesWithAnOwnerOfAnotherProcess) {
   home->other().Destroy(frame);
   home->RunFor(20);
   EXPECT_FALSE(windows.Exists(window));
+}
+
+// --- Containers ----------------------------------------------------------------------------------
+
+class ContainerTest : public PeersTest {
+ protected:
+  void SetUp() override {
+    PeersTest::SetUp();
+    home->Run([&] { MakeBox(); });
+    home->RunFor(20);
+    log.clear();
+  }
+  void MakeBox() {
+    FormPeer& peer = *form->formPeer;
+    box.emplace(peer, ControlKind::kContainer, "picBox", log);
+    box->state.place = {40, 50, 120, 90};
+    box->peer->Changed(Aspect::kPlace);
+    inner.emplace(peer, ControlKind::kContainer, "picInner", log, false, &*box);
+    inner->state.place = {10, 20, 100, 60};
+    inner->peer->Changed(Aspect::kPlace);
+    inside.emplace(peer, ControlKind::kButton, "cmdIn", log, false, &*inner);
+    typed.emplace(peer, ControlKind::kTextBox, "txtIn", log, false, &*inner);
+    for (Control* control : {&*box, &*inner, &*inside, &*typed}) control->state.visible = true;
+  }
+  void TearDown() override {
+    for (auto* control : {&typed, &inside, &inner, &box}) control->reset();
+  }
+  Window MakeFrame() {
+    return home->other().Make(
+        "f",
+        {.className = "Frame", .caption = {}, .place = {200, 100, 300, 200}, .systemClass = {}});
+  }
+  // As the toolkit does it.
+  void Hang(Window host) {
+    home->Run([&] {
+      windows.SetParent(Of(*box), host ? host : form->formPeer->Handle());
+      box->state.host = host;
+      box->state.place = {0, 0, 150, 100};
+      box->peer->Changed(Aspect::kPlace);
+    });
+  }
+  Rect Within(Window outer, Window window) {
+    const Rect at = windows.PlaceOf(window), from = windows.PlaceOf(outer);
+    return {at.left - from.left, at.top - from.top, at.width, at.height};
+  }
+
+  std::optional<Control> box, inner, inside, typed;
+};
+
+TEST_F(ContainerTest, ControlsStandInTheirContainersWindow) {
+  EXPECT_EQ(windows.Parent(Of(*box)), form->formPeer->Handle());
+  EXPECT_EQ(windows.Parent(Of(*inner)), Of(*box));
+  EXPECT_EQ(windows.Parent(Of(*inside)), Of(*inner));
+  EXPECT_EQ(Within(Of(*box), Of(*inside)), (Rect{11, 22, 80, 30}));
+  EXPECT_EQ(Came(user.Click(Of(*inside))), "cmdIn click;");
+  EXPECT_EQ(Came(user.Click(Of(*box))), "picBox click;") << "on its bare area";
+  box->Set(&ControlState::enabled, false);
+  EXPECT_EQ(Came(user.Click(Of(*inside))), "refused: cmdIn is disabled");
+  box->Set(&ControlState::enabled, true);
+  box->Set(&ControlState::visible, false);
+  EXPECT_EQ(Came(user.Click(Of(*inside))), "refused: cmdIn is not visible");
+  // A control that its form has had goes into a container, and is moved there.
+  button->state.container = &box->state;
+  button->peer->Changed(Aspect::kParent);
+  EXPECT_EQ(windows.Parent(Of(*button)), Of(*box));
+}
+
+TEST_F(ContainerTest, HangsInAWindowOfAnotherProcessAndComesBack) {
+  const Window frame = MakeFrame();
+  Hang(frame);
+  EXPECT_EQ(windows.Parent(Of(*box)), frame);
+  home->Run([&] { form->Show(false); });
+  EXPECT_TRUE(windows.IsVisible(Of(*inside)));
+  EXPECT_EQ(Came(user.Click(Of(*inside))), "cmdIn click;");
+  EXPECT_EQ(Came(user.Type(Of(*typed), "ab")), "txtIn text ab;");
+  EXPECT_EQ(Came(user.Press(Of(*typed), Key::kBackspace)), "txtIn text a;");
+  user.Press(Of(*typed), Key::kTab);
+  EXPECT_EQ(windows.Focus(), Of(*inside)) << "round in what hangs there";
+  user.Press(Of(*inside), Key::kTab);
+  EXPECT_EQ(windows.Focus(), Of(*typed));
+  log.clear();
+  windows.Place(Of(*box), {5, 6, 170, 100});
+  EXPECT_EQ(Came(""), "picBox placed 5,6 170x100;") << "by another program";
+  form->Set(&FormState::enabled, false, Aspect::kEnabled);
+  EXPECT_EQ(Came(user.Click(Of(*inside))), "refused: frmTest is disabled");
+  form->Set(&FormState::enabled, true, Aspect::kEnabled);
+  Hang({});
+  EXPECT_EQ(Came(user.Click(Of(*inside))), "refused: frmTest is not visible");
+  EXPECT_EQ(Came(""), "") << "code has done this";
+  home->Run([&] { form->Show(); });
+  EXPECT_EQ(Came(user.Click(Of(*inside))), "cmdIn click;");
+  EXPECT_TRUE(windows.Exists(frame));
+  EXPECT_EQ(windows.TopChild(frame), Window{});
+}
+
+TEST_F(ContainerTest, HoldsWindowsOfAnotherProcess) {
+  const Window frame = MakeFrame();
+  const NewWindow child{.className = "C", .caption = "c", .parent = frame, .systemClass = {}};
+  const Window first = home->other().Make("a", child), second = home->other().Make("b", child);
+  home->Run([&] {
+    windows.SetParent(first, Of(*inner));
+    windows.SetParent(second, Of(*inner));
+  });
+  EXPECT_EQ(windows.TopChild(Of(*inner)), second) << "what has just come lies on top";
+  EXPECT_EQ(windows.Next(second), first);
+  EXPECT_TRUE(windows.IsVisible(first));
+  EXPECT_EQ(Came(user.Click(Of(*inside))), "cmdIn click;");
+  home->Run([&] { windows.SetParent(first, frame); });
+  EXPECT_EQ(windows.Parent(first), frame);
+  form.reset();
+  home->RunFor(50);
+  EXPECT_TRUE(windows.Exists(first)) << "it had been given back";
+  EXPECT_FALSE(windows.Exists(second)) << "it hadn't";
+}
+
+// Whether the window goes or its whole process.
+TEST_F(ContainerTest, GoesWithItsHostAndIsMadeAnew) {
+  for (const bool crash : {false, true}) {
+    const Window frame = MakeFrame(), before = Of(*box);
+    Hang(frame);
+    user.Click(Of(*inside));
+    log.clear();
+    if (crash)
+      home->other().Crash();
+    else
+      home->other().Destroy(frame);
+    home->RunFor(100);
+    EXPECT_FALSE(windows.Exists(before));
+    EXPECT_NE(Came("").find("picBox lost;"), std::string::npos);
+    EXPECT_FALSE(Of(*inside));
+    inside->Set(&ControlState::enabled, false);  // without a window nothing is shown
+    EXPECT_EQ(Came(user.Click(Of(*inside))), "refused: there is no such control");
+    TearDown();
+    home->Run([&] { MakeBox(); });
+    EXPECT_EQ(Came(user.Click(Of(*inside))), "cmdIn click;");
+  }
+}
+
+TEST_F(ContainerTest, LeavesNothingInItsHostWhenItsFormGoes) {
+  const Window frame = MakeFrame();
+  Hang(frame);
+  TearDown();
+  form.reset();
+  home->RunFor(20);
+  EXPECT_EQ(Came(""), "");
+  EXPECT_TRUE(windows.Exists(frame));
+  EXPECT_EQ(windows.TopChild(frame), Window{});
+}
+
+// --- The frame -----------------------------------------------------------------------------------
+
+TEST_F(PeersTest, AFormIsDraggedByALabelOfIt) {
+  EXPECT_EQ(Came(user.Drag(Of(*label), 3, -4)), "refused: lblName doesn't drag its window");
+  label->state.dragsForm = true;
+  EXPECT_EQ(Came(user.Drag(Of(*label), 3, -4)), "frmTest moved 103,46;") << "once, at the end";
+  EXPECT_EQ(windows.PlaceOf(form->formPeer->Handle()), (Rect{103, 46, 300, 200}));
+}
+
+TEST_F(PeersTest, TheFocusPassesOnFromWhatGoesOutOfReach) {
+  for (int i = 0; Control * control : {&*button, &*list, &*text}) control->state.tabOrder = i++;
+  home->Run([&] { button->peer->TakeFocus(); });
+  home->Run([&] { button->Set(&ControlState::enabled, false); });
+  EXPECT_EQ(windows.Focus(), Of(*list));
+  home->Run([&] { list->Set(&ControlState::visible, false); });
+  EXPECT_EQ(windows.Focus(), Of(*text));
 }
 
 }  // namespace

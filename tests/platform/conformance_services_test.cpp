@@ -93,8 +93,11 @@ TEST_F(Services, AWindowHasOneIconInTheTrayIfThereIsATaskbar) {
   home->Run([&] {
     const Window owner = OurWindow(procedure);
     for (int i = 0; i < 2; ++i) {
+      EXPECT_FALSE(shell.ChangeTrayIcon(owner, TrayPicture::kImsOff));
       EXPECT_EQ(shell.AddTrayIcon(owner, wm::kUser + 5, "Corvel 32"), home->HasTaskbar());
       EXPECT_FALSE(shell.AddTrayIcon(owner, wm::kUser + 5, "again"));
+      for (const TrayPicture picture : {TrayPicture::kImsOff, TrayPicture::kNormal})
+        EXPECT_EQ(shell.ChangeTrayIcon(owner, picture), home->HasTaskbar());
       shell.RemoveTrayIcon(owner);
       shell.RemoveTrayIcon(owner);
     }

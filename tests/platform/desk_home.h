@@ -4,6 +4,7 @@
 #include "platform/desk/desk_peers.h"
 #include "platform/desk/desk_services.h"
 #include "tests/platform/home.h"
+#include "tools/hand/desk_touch.h"
 
 #include <map>
 #include <set>
@@ -37,6 +38,7 @@ class DeskOther : public OtherProcess, public WindowProcedure {
   }
   bool StartSound(const std::string& path) override;
   ProcessId Id() override { return id_; }
+  void Crash() override { desk_.Kill(id_); }
 
   MessageResult OnMessage(Window window, const Message& message) override;
   // Called for each message before it is answered.
@@ -52,9 +54,10 @@ class DeskOther : public OtherProcess, public WindowProcedure {
   std::vector<std::string> log_;
 };
 
-class DeskUser : public UserAt<desk::DeskPeers>, public desk::Agent {
+class DeskUser : public UserWithHand, public desk::Agent {
  public:
-  DeskUser(desk::Desk& desk, Home& home) : UserAt(desk.peers(), home), desk_(desk) {}
+  DeskUser(desk::Desk& desk, Home& home)
+      : UserWithHand(std::make_unique<tools::DeskTouch>(desk), home), desk_(desk) {}
   void WillAnswer(Answer answer) override;
   bool Act() override;
   std::optional<std::int64_t> NextActAt() override { return std::nullopt; }
@@ -88,11 +91,28 @@ class DeskHome : public Home {
   std::string CommandLine() override { return "--as started"; }
   bool IsSeenByAnotherInstance() override;
   bool HasTaskbar() override { return true; }
+  void SetDrive(char letter, DriveKind kind, bool hasDisk) override {
+    desk.files().SetDrive(letter, kind, hasDisk);
+  }
+  std::string Serve(const std::string& path, const std::string& text) override {
+    return Answer(path, {.text = text});
+  }
+  std::string SilentAddress() override {
+    return Answer("/silent", {.text = "too late", .afterMs = 3'600'000});
+  }
+  std::string DeadAddress() override {
+    return Answer("/dead", {.error = web_error::kCannotConnect});
+  }
   void SetPrinter(bool isThere) override { desk.services().SetPrinter(isThere, isThere); }
   Log Printed() override;
 
   // The windows keep their procedure until the desk has gone, so it comes last to go.
  private:
+  std::string Answer(const std::string& path, desk::WebAnswer answer) {
+    desk.services().webTable().Set(path, std::move(answer));
+    return "http://server" + path;
+  }
+
   std::unique_ptr<DeskOther> other_;
   std::unique_ptr<DeskUser> user_;
   std::string held_;

@@ -23,7 +23,8 @@ struct NoControlEvents : ControlEvents {
   void UserSelect(int, bool) override {}
   void UserText(const std::string&) override {}
   bool UserKey(Key) override { return false; }
-  void UserDrag(int, int) override {}
+  void WindowPlaced(const Rect&) override {}
+  void WindowLost() override {}
 };
 
 class DeskPeersTest : public testing::Test {
@@ -33,7 +34,7 @@ class DeskPeersTest : public testing::Test {
     state.visible = true;
     std::unique_ptr<FormPeer> form;
     home.Run([&] {
-      form = user.CreateForm(state, formEvents);
+      form = peers.CreateForm(state, formEvents);
       form->ApplyVisible(true);
     });
     return form;
@@ -47,7 +48,7 @@ class DeskPeersTest : public testing::Test {
   }
 
   DeskHome home;
-  desk::DeskPeers& user = home.desk.peers();
+  desk::DeskPeers& peers = home.desk.peers();
   NoFormEvents formEvents;
   NoControlEvents controlEvents;
   FormState first, second;
@@ -61,14 +62,14 @@ TEST_F(DeskPeersTest, FormsAndControlsAreFoundByName) {
   state.index = 3;
   const auto button = form->Add(state, controlEvents);
   form->ApplyVisible(true);
-  EXPECT_EQ(user.FindForm("FRMTEST")->window, form->Handle());
-  EXPECT_EQ(user.FindControl(form->Handle(), "CMDOK", 3)->window, button->Handle());
-  EXPECT_FALSE(user.FindControl(form->Handle(), "cmdOk", -1));
-  EXPECT_EQ(user.ControlsOf(form->Handle()).size(), 1u);
-  EXPECT_EQ(user.FocusedControl(), button->Handle());
+  EXPECT_EQ(peers.FindForm("FRMTEST")->window, form->Handle());
+  EXPECT_EQ(peers.FindControl(form->Handle(), "CMDOK", 3)->window, button->Handle());
+  EXPECT_FALSE(peers.FindControl(form->Handle(), "cmdOk", -1));
+  EXPECT_EQ(peers.ControlsOf(form->Handle()).size(), 1u);
+  EXPECT_EQ(peers.FocusedControl(), button->Handle());
   home.desk.Prompts().push_back(std::make_shared<desk::Prompt>());
   home.desk.Prompts()[0]->kind = desk::Prompt::Kind::kPopup;
-  EXPECT_EQ(user.Click(button->Handle()).refusal, "a pop-up menu is open");
+  EXPECT_EQ(home.user().Click(button->Handle()), "a pop-up menu is open");
   home.desk.Prompts().clear();
 }
 
@@ -79,7 +80,7 @@ TEST_F(DeskPeersTest, ShowingIsJournalledOnceAlsoWhereAnOwnerTakesTheFormAlong) 
   const Window frame = home.other().Make("f", {.className = "F", .caption = {}, .systemClass = {}});
   home.platform().windows.SetOwner(form->Handle(), frame);
   home.other().Destroy(frame);
-  EXPECT_TRUE(user.Forms().empty());
+  EXPECT_TRUE(peers.Forms().empty());
   form.reset();
   EXPECT_EQ(Kinds(),
             (Log{"shown frmTest", "shown frmSecond", "hidden frmSecond", "hidden frmTest"}));

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "platform/platform.h"
+#include "tools/hand/hand.h"
 
 #include <cstdint>
 #include <functional>
@@ -40,6 +41,7 @@ class OtherProcess {
   // Starts a sound without waiting for it; false if one that it has started still plays.
   virtual bool StartSound(const std::string& path) = 0;
   virtual ProcessId Id() = 0;
+  virtual void Crash() = 0;  // the process vanishes, for the rest of the test
 };
 
 // What the user does with the next dialog of the system, or pop-up menu, that comes up.
@@ -63,7 +65,7 @@ class User {
   virtual std::string Select(Window control, int row, bool keepMarked) = 0;
   virtual std::string Type(Window control, const std::string& wholeText) = 0;
   virtual std::string Press(Window control, Key key) = 0;
-  virtual std::string Drag(Window control, int dx, int dy) = 0;
+  virtual std::string Drag(Window label, int dx, int dy) = 0;
   virtual std::string Close(Window form) = 0;
   virtual std::string MoveForm(Window form, int left, int top) = 0;
   bool hurries = false;
@@ -90,40 +92,48 @@ class Home {
   // What PreviousInstance tells another process of the program.
   virtual bool IsSeenByAnotherInstance() = 0;
   virtual bool HasTaskbar() = 0;
+  // The machine gets this drive, with an empty disk or none in it, for the length of the test.
+  virtual void SetDrive(char letter, DriveKind kind, bool hasDisk) = 0;
+  // The address at which a web server, from now on, answers this; one that accepts every question
+  // and never answers; one where no server listens.
+  virtual std::string Serve(const std::string& path, const std::string& text) = 0;
+  virtual std::string SilentAddress() = 0;
+  virtual std::string DeadAddress() = 0;
   virtual void SetPrinter(bool isThere) = 0;
   // What has been printed on it, line by line.
   virtual std::vector<std::string> Printed() = 0;
 };
 
-// The user's hand at a home's forms, which every home's Peers lend in the same words.
-template <class Peers>
-class UserAt : public User {
+// The user's hand at a home's forms.
+class UserWithHand : public User {
  public:
-  UserAt(Peers& peers, Home& home) : peers_(peers), home_(home) {}
-  std::string Click(Window control) override { return Come(peers_.Click(control)); }
-  std::string DoubleClick(Window control) override { return Come(peers_.DoubleClick(control)); }
-  std::string RightClick(Window control) override { return Come(peers_.RightClick(control)); }
+  UserWithHand(std::unique_ptr<tools::Touch> touch, Home& home)
+      : touch_(std::move(touch)), hand_(*touch_), home_(home) {}
+  std::string Click(Window control) override { return Come(hand_.Click(control)); }
+  std::string DoubleClick(Window control) override { return Come(hand_.DoubleClick(control)); }
+  std::string RightClick(Window control) override { return Come(hand_.RightClick(control)); }
   std::string Select(Window control, int row, bool keepMarked) override {
-    return Come(peers_.Select(control, row, keepMarked));
+    return Come(hand_.Select(control, row, keepMarked));
   }
   std::string Type(Window control, const std::string& text) override {
-    return Come(peers_.Type(control, text));
+    return Come(hand_.Type(control, text));
   }
-  std::string Press(Window control, Key key) override { return Come(peers_.Press(control, key)); }
-  std::string Drag(Window control, int dx, int dy) override {
-    return Come(peers_.Drag(control, dx, dy));
+  std::string Press(Window control, Key key) override { return Come(hand_.Press(control, key)); }
+  std::string Drag(Window label, int dx, int dy) override {
+    return Come(hand_.Drag(label, dx, dy));
   }
-  std::string Close(Window form) override { return Come(peers_.Close(form)); }
+  std::string Close(Window form) override { return Come(hand_.Close(form)); }
   std::string MoveForm(Window form, int left, int top) override {
-    return Come(peers_.MoveForm(form, left, top));
+    return Come(hand_.MoveForm(form, left, top));
   }
 
  private:
-  std::string Come(const typename Peers::Done& done) {
-    if (done.refusal.empty() && !hurries) home_.RunFor(30);
-    return done.refusal;
+  std::string Come(const tools::Deed& deed) {
+    if (deed.refusal.empty() && !hurries) home_.RunFor(30);
+    return deed.refusal;
   }
-  Peers& peers_;
+  std::unique_ptr<tools::Touch> touch_;
+  tools::Hand hand_;
   Home& home_;
 };
 

@@ -138,7 +138,7 @@ TEST_F(ControlsOnWindows, ATypedTextArrivesOnceAlsoWhereTheProcedureSetsAnother)
     ++changes;
     form->text.SetText(Upper(form->text.Text()));
   };
-  EXPECT_EQ(Did(peers().Type(form->text.Handle(), "hello")), "");
+  EXPECT_EQ(Did(user().Type(form->text.Handle(), "hello")), "");
   EXPECT_EQ(form->text.Text(), "HELLO");
   EXPECT_EQ(ShownText(form->text), "HELLO");
   EXPECT_EQ(changes, 1);
@@ -156,7 +156,7 @@ TEST_F(ControlsOnWindows, TypingAndPastingStopAtTheLimit) {
   SendMessageA(box, WM_CHAR, 'x', 1);
   Settle();
   EXPECT_EQ(ShownText(form->text), "longer by code");
-  EXPECT_EQ(Did(peers().Type(form->text.Handle(), "longer by hand")), "");
+  EXPECT_EQ(Did(user().Type(form->text.Handle(), "longer by hand")), "");
   EXPECT_EQ(ShownText(form->text), "long");
   EXPECT_EQ(form->text.Text(), "long");
   constexpr std::uint32_t kText = 1;
@@ -173,10 +173,11 @@ TEST_F(ControlsOnWindows, TypingAndPastingStopAtTheLimit) {
 // Of a caption it marks the access key; of a text it is a character like any other.
 TEST_F(ControlsOnWindows, AnAmpersandOfATextIsNotEaten) {
   struct Texts : AnyForm {
-    explicit Texts(Forms& forms) : AnyForm(forms) { data.SetMnemonic(false); }
+    using AnyForm::AnyForm;
     Label data{*this, "data", "R&B"};
     TabStrip tabs{*this, "tabs"};
     void Form_Load() override {
+      data.SetMnemonic(false);
       data.SetToolTip("Rock & Roll");
       tabs.AddItem("R&B");
       Arrange(Column({Cell(data), Cell(tabs)}));
@@ -207,7 +208,7 @@ TEST_F(ControlsOnWindows, ClicksReachEveryClickableKind) {
        {static_cast<Control*>(&form->ok), static_cast<Control*>(&form->flat),
         static_cast<Control*>(&form->label), static_cast<Control*>(&form->picture),
         static_cast<Control*>(&form->check), static_cast<Control*>(&form->move)}) {
-    EXPECT_EQ(Did(peers().Click(control->Handle())), "");
+    EXPECT_EQ(Did(user().Click(control->Handle())), "");
     EXPECT_EQ(form->Taken(), Words{control->Name()});
   }
   EXPECT_EQ(form->check.Value(), 1);
@@ -219,23 +220,23 @@ TEST_F(ControlsOnWindows, ClicksReachEveryClickableKind) {
 TEST_F(ControlsOnWindows, RowsAreChosenInEveryKindOfList) {
   for (Rows* rows : {static_cast<Rows*>(&form->list), static_cast<Rows*>(&form->combo),
                      static_cast<Rows*>(&form->view), static_cast<Rows*>(&form->tabs)}) {
-    EXPECT_EQ(Did(peers().Select(rows->Handle(), 1, false)), "");
+    EXPECT_EQ(Did(user().Select(rows->Handle(), 1, false)), "");
     EXPECT_EQ(rows->ListIndex(), 1) << rows->Name();
     EXPECT_EQ(form->Taken(), Words{rows->Name()});
   }
   bool doubleClicked = false;
   form->view.onDblClick = [&] { doubleClicked = true; };
-  EXPECT_EQ(Did(peers().DoubleClick(form->view.Handle())), "");
+  EXPECT_EQ(Did(user().DoubleClick(form->view.Handle())), "");
   EXPECT_TRUE(doubleClicked);
 }
 
 TEST_F(ControlsOnWindows, MarksOfTheListAndOfItsWindowAreTheSame) {
   const Window marks = form->marks.Handle();
-  Did(peers().Select(marks, 0, false));
+  Did(user().Select(marks, 0, false));
   EXPECT_EQ(MarkedRows(), Words{"pear"});
-  Did(peers().Select(marks, 2, true));
+  Did(user().Select(marks, 2, true));
   EXPECT_EQ(MarkedRows(), (Words{"pear", "fig"}));
-  Did(peers().Select(marks, 0, true));  // turned over
+  Did(user().Select(marks, 0, true));  // turned over
   EXPECT_EQ(MarkedRows(), Words{"fig"});
   // A stretch of rows, as with the Shift key.
   Ask(form->marks, LB_SELITEMRANGE, TRUE, MAKELPARAM(0, 2));
@@ -243,7 +244,7 @@ TEST_F(ControlsOnWindows, MarksOfTheListAndOfItsWindowAreTheSame) {
                reinterpret_cast<LPARAM>(HwndOf(form->marks)));
   Settle();
   EXPECT_EQ(MarkedRows(), (Words{"pear", "apple", "fig"}));
-  Did(peers().Select(marks, 1, false));
+  Did(user().Select(marks, 1, false));
   EXPECT_EQ(MarkedRows(), Words{"apple"});
 }
 
@@ -261,17 +262,17 @@ TEST_F(ControlsOnWindows, AHundredThousandRowsComeQuickly) {
 TEST_F(ControlsOnWindows, AFormMayGoInTheMidstOfAnyOfItsEvents) {
   struct Deed {
     const char* name;
-    std::function<win32::Win32Peers::Done(AllKinds&)> act;
+    std::function<tools::Deed(AllKinds&)> act;
   };
   const Deed kDeeds[] = {
-      {"ok", [this](AllKinds& f) { return peers().Click(f.ok.Handle()); }},
-      {"flat", [this](AllKinds& f) { return peers().Click(f.flat.Handle()); }},
-      {"list", [this](AllKinds& f) { return peers().Select(f.list.Handle(), 1, false); }},
-      {"marks", [this](AllKinds& f) { return peers().Select(f.marks.Handle(), 1, false); }},
-      {"view", [this](AllKinds& f) { return peers().Select(f.view.Handle(), 1, false); }},
-      {"combo", [this](AllKinds& f) { return peers().Select(f.combo.Handle(), 1, false); }},
-      {"text", [this](AllKinds& f) { return peers().Type(f.text.Handle(), "x"); }},
-      {"key", [this](AllKinds& f) { return peers().Press(f.text.Handle(), corvel::Key::kEnter); }},
+      {"ok", [this](AllKinds& f) { return user().Click(f.ok.Handle()); }},
+      {"flat", [this](AllKinds& f) { return user().Click(f.flat.Handle()); }},
+      {"list", [this](AllKinds& f) { return user().Select(f.list.Handle(), 1, false); }},
+      {"marks", [this](AllKinds& f) { return user().Select(f.marks.Handle(), 1, false); }},
+      {"view", [this](AllKinds& f) { return user().Select(f.view.Handle(), 1, false); }},
+      {"combo", [this](AllKinds& f) { return user().Select(f.combo.Handle(), 1, false); }},
+      {"text", [this](AllKinds& f) { return user().Type(f.text.Handle(), "x"); }},
+      {"key", [this](AllKinds& f) { return user().Press(f.text.Handle(), corvel::Key::kEnter); }},
   };
   for (const Deed& deed : kDeeds) {
     const auto going = forms_.LoadNew<AllKinds>(forms_);
@@ -287,10 +288,10 @@ TEST_F(ControlsOnWindows, AFormMayGoInTheMidstOfAnyOfItsEvents) {
 
 TEST_F(ControlsOnWindows, WhatAnEventProcedureThrowsComesOutOfThePump) {
   form->ok.onClick = [] { throw std::logic_error("a fault of ours"); };
-  const auto done = peers().Click(form->ok.Handle());
+  const auto done = user().Click(form->ok.Handle());
   EXPECT_THROW(Settle(), std::logic_error);
-  EXPECT_TRUE(peers().IsOver(done.task));
-  EXPECT_EQ(Did(peers().Click(form->flat.Handle())), "");  // and life goes on
+  EXPECT_TRUE(done.over());
+  EXPECT_EQ(Did(user().Click(form->flat.Handle())), "");  // and life goes on
   EXPECT_EQ(form->Taken(), Words{"flat"});
 }
 

@@ -4,8 +4,8 @@
 #include "forms/form.h"
 #include "forms/timer.h"
 #include "platform/win32/handles.h"
-#include "platform/win32/win32_peers.h"
 #include "platform/win32/win32_platform.h"
+#include "tools/win32/message_touch.h"
 
 #include <commctrl.h>
 #include <functional>
@@ -22,6 +22,7 @@ class AnyForm : public Form {
   explicit AnyForm(Forms& forms) : Form(forms, "frmAny", "Any form") {}
   using Form::Arrange;
   using Form::SetBorder;
+  using Form::SetDraggedBy;
   using Form::SetEtchedEdge;
   using Form::SetResizable;
   std::function<bool(bool)> onQueryUnload;
@@ -36,11 +37,11 @@ class FormsOnWindows : public testing::Test {
  protected:
   void TearDown() override {
     forms_.UnloadAll();
-    EXPECT_TRUE(peers().Forms().empty());
+    EXPECT_TRUE(user_.Forms().empty());
   }
 
   Platform& platform() { return home_.platform(); }
-  win32::Win32Peers& peers() { return home_.peers(); }
+  tools::Hand& user() { return user_; }
 
   // Lets everything happen that is waiting to, and what comes of it.
   void Settle(DWORD milliseconds = 60) {
@@ -50,11 +51,11 @@ class FormsOnWindows : public testing::Test {
   }
 
   // The user has done it, and all that came of it is over. Why he couldn't, or "".
-  std::string Did(const win32::Win32Peers::Done& done) {
+  std::string Did(const tools::Deed& deed) {
     const DWORD begin = GetTickCount();
-    while (!peers().IsOver(done.task) && GetTickCount() - begin < 5000) Settle(10);
+    while (deed.over && !deed.over() && GetTickCount() - begin < 5000) Settle(10);
     Settle(20);
-    return done.refusal;
+    return deed.refusal;
   }
 
   static HWND HwndOf(const Control& control) { return win32::ToHwnd(control.Handle()); }
@@ -78,6 +79,8 @@ class FormsOnWindows : public testing::Test {
   }
 
   win32::Win32Platform home_;
+  tools::MessageTouch touch_{home_};
+  tools::Hand user_{touch_};
   Forms forms_{home_.platform()};
 };
 

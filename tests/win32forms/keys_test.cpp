@@ -37,7 +37,7 @@ class KeysOnWindows : public FormsOnWindows {
   }
   std::string Focused() {
     for (const Control* control : form->Controls())
-      if (control->Handle() == peers().FocusedControl()) return control->Name();
+      if (HwndOf(*control) == GetFocus()) return control->Name();
     return "";
   }
   bool ShowsAsDefault(const Control& button) {
@@ -126,7 +126,7 @@ TEST_F(KeysOnWindows, AMessageBoxOfButtonsStartsOnItsDefault) {
   const auto box = forms_.LoadNew<Box>(forms_);
   box->Show();
   Settle();
-  EXPECT_EQ(peers().FocusedControl(), box->no.Handle());
+  EXPECT_EQ(GetFocus(), HwndOf(box->no));
 }
 
 // --- The frame -----------------------------------------------------------------------------------
@@ -143,7 +143,7 @@ TEST_F(KeysOnWindows, AFormHasTheSizeThatItsControlsNeed) {
 }
 
 TEST_F(KeysOnWindows, MovingAndClosingAreTold) {
-  EXPECT_EQ(Did(peers().MoveForm(form->Handle(), 40, 50)), "");
+  EXPECT_EQ(Did(user().MoveForm(form->Handle(), 40, 50)), "");
   EXPECT_EQ(form->State().place.left, 40);
   EXPECT_EQ(form->moves, 1);
   form->SetLeft(600);
@@ -151,7 +151,7 @@ TEST_F(KeysOnWindows, MovingAndClosingAreTold) {
   EXPECT_EQ(form->moves, 1);  // code has moved it
   bool byUser = false;
   form->onQueryUnload = [&](bool user) { return byUser = user, false; };
-  EXPECT_EQ(Did(peers().Close(form->Handle())), "");
+  EXPECT_EQ(Did(user().Close(form->Handle())), "");
   EXPECT_TRUE(byUser);
   EXPECT_TRUE(form->IsLoaded());
 }

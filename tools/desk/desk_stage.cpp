@@ -56,6 +56,10 @@ std::optional<std::string> DeskStage::Peek(std::string_view path) {
 void DeskStage::FailFile(int call, int errorNumber, const std::string& part) {
   desk_.files().FailCall(call, errorNumber, part);
 }
+void DeskStage::SetDrive(char letter, DriveKind kind, bool hasDisk) {
+  desk_.files().SetDrive(letter, kind, hasDisk);
+}
+desk::WebTable& DeskStage::web() { return desk_.services().webTable(); }
 void DeskStage::SetFreeSpace(std::int64_t bytes) { desk_.files().SetFreeSpace(bytes); }
 void DeskStage::LockFile(std::string_view path, bool locked) { desk_.files().Lock(path, locked); }
 
@@ -79,7 +83,7 @@ Deed DeskStage::DoInClient(const std::vector<std::string>& words,
   if (!client) return {.refusal = "the client is not running"};
   const desk::TaskId task =
       desk_.PostTask(ClientProcess(), [client, words, reply] { *reply = client->Do(words); });
-  return Done({task, ""});
+  return {.over = [this, task] { return !desk_.IsPending(task); }};
 }
 
 practice::Reply DeskStage::AskClient(const std::vector<std::string>& words) {
@@ -145,36 +149,6 @@ void DeskStage::EndAll() {
 }
 
 // --- The user's hand -----------------------------------------------------------------------------
-
-std::vector<FormView> DeskStage::Forms() {
-  std::vector<FormView> forms;
-  for (const auto& form : desk_.peers().Forms()) forms.push_back({form.window, form.state});
-  return forms;
-}
-
-std::vector<ControlView> DeskStage::ControlsOf(Window form) {
-  std::vector<ControlView> controls;
-  for (const auto& control : desk_.peers().ControlsOf(form))
-    controls.push_back({control.window, control.state});
-  return controls;
-}
-
-Deed DeskStage::Done(const desk::DeskPeers::Done& done) {
-  if (!done.refusal.empty()) return {.refusal = done.refusal};
-  return {.over = [this, task = done.task] { return !desk_.IsPending(task); }};
-}
-
-Deed DeskStage::Click(Window control) { return Done(desk_.peers().Click(control)); }
-Deed DeskStage::DoubleClick(Window control) { return Done(desk_.peers().DoubleClick(control)); }
-Deed DeskStage::RightClick(Window control) { return Done(desk_.peers().RightClick(control)); }
-Deed DeskStage::Select(Window control, int row, bool keepMarked) {
-  return Done(desk_.peers().Select(control, row, keepMarked));
-}
-Deed DeskStage::Type(Window control, const std::string& wholeText) {
-  return Done(desk_.peers().Type(control, wholeText));
-}
-Deed DeskStage::Press(Window control, Key key) { return Done(desk_.peers().Press(control, key)); }
-Deed DeskStage::Close(Window form) { return Done(desk_.peers().Close(form)); }
 
 bool DeskStage::TrayMouse(LParam mouseMessage) { return desk_.services().TrayMouse(mouseMessage); }
 bool DeskStage::HasTrayIcon() { return !desk_.services().TrayIcons().empty(); }

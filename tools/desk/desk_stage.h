@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/desk/desk.h"
-#include "platform/desk/desk_peers.h"
+#include "tools/hand/desk_touch.h"
 #include "tools/stage.h"
 
 #include <set>
@@ -39,6 +39,8 @@ class DeskStage : public Stage, private desk::Agent {
   void PutFile(std::string_view path, std::string_view bytes) override;
   void RemoveFile(std::string_view path) override;
   std::optional<std::string> Peek(std::string_view path) override;
+  void SetDrive(char letter, DriveKind kind, bool hasDisk) override;
+  desk::WebTable& web() override;
   void FailFile(int call, int errorNumber, const std::string& part) override;
   void SetFreeSpace(std::int64_t bytes) override;
   void LockFile(std::string_view path, bool locked) override;
@@ -58,15 +60,7 @@ class DeskStage : public Stage, private desk::Agent {
   bool ProgramWaitsForUser() override;
   void EndAll() override;
 
-  std::vector<FormView> Forms() override;
-  std::vector<ControlView> ControlsOf(Window form) override;
-  Deed Click(Window control) override;
-  Deed DoubleClick(Window control) override;
-  Deed RightClick(Window control) override;
-  Deed Select(Window control, int row, bool keepMarked) override;
-  Deed Type(Window control, const std::string& wholeText) override;
-  Deed Press(Window control, Key key) override;
-  Deed Close(Window form) override;
+  Hand& hand() override { return hand_; }
   bool TrayMouse(LParam mouseMessage) override;
   std::vector<std::shared_ptr<desk::Prompt>>& Prompts() override { return desk_.Prompts(); }
   Menus& menus() override;
@@ -83,11 +77,12 @@ class DeskStage : public Stage, private desk::Agent {
   void InstallClient(bool start) override;
   bool IsUp(ProcessId program) const;
   void BeginHang(ProcessId client, const Hang& hang);
-  Deed Done(const desk::DeskPeers::Done& done);
   bool Act() override { return actor_->Act(); }
   std::optional<std::int64_t> NextActAt() override { return actor_->NextActAt(); }
 
   desk::Desk desk_;
+  DeskTouch touch_{desk_};
+  Hand hand_{touch_};
   std::vector<ProcessId> programs_;
   std::set<ProcessId> started_;
   Actor* actor_ = nullptr;

@@ -2,8 +2,8 @@
 #include "tools/win32/client_hand.h"
 
 #include "platform/win32/handles.h"
-#include "platform/win32/win32_peers.h"
 #include "tools/user.h"
+#include "tools/win32/message_touch.h"
 
 #include <cstdlib>
 
@@ -63,7 +63,7 @@ std::string ClientHand::Press(const Words& words) {
   const auto key = ParseKey(words[1]);
   if (!key) return "there is no key " + words[1];
   const std::string why = GoToTyping();
-  if (why.empty()) hands_.Press(win32::VirtualKeyOf(*key), {.control = *key == Key::kControlEnter});
+  if (why.empty()) hands_.Press(VirtualKeyOf(*key), {.control = *key == Key::kControlEnter});
   return why;
 }
 

@@ -1,8 +1,7 @@
-// The user's hands at the program's controls; see control_hand.h.
+// The user's hand by mouse and keys; see control_hand.h.
 #include "tools/win32/control_hand.h"
 
 #include "platform/win32/handles.h"
-#include "platform/win32/win32_control_peer.h"
 
 #include <algorithm>
 #include <commctrl.h>
@@ -99,6 +98,13 @@ Spot CloseBoxSpot(HWND form) {
   return FrameSpot(form, {(left + right) / 2, y});
 }
 
+Spot TitleSpot(HWND form) {
+  RECT area{};
+  GetWindowRect(form, &area);
+  const int y = area.top + GetSystemMetrics(SM_CYFIXEDFRAME) + GetSystemMetrics(SM_CYCAPTION) / 2;
+  return SpotIn(form, {(area.left + area.right) / 2, y});
+}
+
 Spot MenuRowSpot(HMENU menu, int row) {
   RECT area{};
   const bool is = GetMenuItemRect(nullptr, menu, static_cast<UINT>(row), &area) != FALSE;
@@ -119,57 +125,42 @@ Spot BesideSpot(HMENU menu) {
 
 }  // namespace
 
-std::optional<ControlHand::Control> ControlHand::Find(Window control) const {
-  for (const auto& form : peers_.Forms())
-    for (const auto& view : peers_.ControlsOf(form.window))
-      if (view.window == control) return view;
-  return std::nullopt;
+Deed ControlHand::Begin(Window, std::function<void()> act) {
+  act();
+  return begun_();
 }
 
-std::string ControlHand::Click(Window control) {
-  const std::string refusal = peers_.RefusalOf(control);
-  if (refusal.empty()) hands_.Click([control] { return MiddleSpot(ToHwnd(control)); });
-  return refusal;
+void ControlHand::Click(const ControlView& control) {
+  hands_.Click([window = ToHwnd(control.window)] { return MiddleSpot(window); });
 }
 
-std::string ControlHand::DoubleClick(Window control) {
-  if (const std::string refusal = peers_.RefusalOf(control); !refusal.empty()) return refusal;
-  const ControlState& state = *Find(control)->state;
-  const HWND window = ToHwnd(control);
-  if (!HasRows(state.kind)) {
-    hands_.Click([window] { return MiddleSpot(window); }, Hands::Button::kLeft, 2);
-    return {};
-  }
-  if (!HasRow(state, state.selected)) return "it has no current row";
+void ControlHand::DoubleClick(const ControlView& control) {
+  const HWND window = ToHwnd(control.window);
+  const ControlKind kind = control.state->kind;
   hands_.Click(
-      [window, kind = state.kind, row = state.selected] { return RowSpot(window, kind, row); },
+      [window, kind, row = HasRows(kind) ? control.state->selected : -1] {
+        return row < 0 ? MiddleSpot(window) : RowSpot(window, kind, row);
+      },
       Hands::Button::kLeft, 2);
-  return {};
 }
 
 // On a list it is about the current row, where there is one.
-std::string ControlHand::RightClick(Window control) {
-  if (const std::string refusal = peers_.RefusalOf(control); !refusal.empty()) return refusal;
-  const ControlState& state = *Find(control)->state;
+void ControlHand::RightClick(const ControlView& control) {
+  const ControlState& state = *control.state;
   const bool onRow =
       HasRows(state.kind) && state.kind != ControlKind::kComboBox && HasRow(state, state.selected);
   hands_.Click(
-      [window = ToHwnd(control), kind = state.kind, row = onRow ? state.selected : -1] {
+      [window = ToHwnd(control.window), kind = state.kind, row = onRow ? state.selected : -1] {
         return row < 0 ? MiddleSpot(window) : RowSpot(window, kind, row);
       },
       Hands::Button::kRight);
-  return {};
 }
 
-std::string ControlHand::Select(Window control, int row, bool keepMarked) {
-  if (const std::string refusal = peers_.RefusalOf(control); !refusal.empty()) return refusal;
-  const ControlState& state = *Find(control)->state;
-  if (!HasRow(state, row)) return "it has no row " + std::to_string(row);
-  if (state.kind == ControlKind::kComboBox)
-    OpenAndClickRow(ToHwnd(control), row);
+void ControlHand::Select(const ControlView& control, int row, bool keepMarked) {
+  if (control.state->kind == ControlKind::kComboBox)
+    OpenAndClickRow(ToHwnd(control.window), row);
   else
-    ClickRow(ToHwnd(control), state.kind, row, keepMarked && state.multiSelect, kMostScrolls);
-  return {};
+    ClickRow(ToHwnd(control.window), control.state->kind, row, keepMarked, kMostScrolls);
 }
 
 // Scrolls until the row is in sight.
@@ -200,33 +191,27 @@ void ControlHand::OpenAndClickRow(HWND combo, int row) {
 }
 
 // What stands there is kept if the text only goes on behind it, else it is marked and typed over.
-std::string ControlHand::Type(Window control, const std::string& wholeText) {
-  if (const std::string refusal = peers_.RefusalOf(control); !refusal.empty()) return refusal;
-  const ControlState& state = *Find(control)->state;
-  if (state.kind != ControlKind::kTextBox) return "it is not a text box";
+void ControlHand::Type(const ControlView& control, const std::string& wholeText) {
+  const ControlState& state = *control.state;
+  const HWND window = ToHwnd(control.window);
   const bool goesOn = wholeText.starts_with(state.text);
   const std::string typed = goesOn ? wholeText.substr(state.text.size()) : wholeText;
-  if (!ToHwnd(control) || GetFocus() != ToHwnd(control))
-    hands_.Click([window = ToHwnd(control)] { return MiddleSpot(window); });
+  if (GetFocus() != window) hands_.Click([window] { return MiddleSpot(window); });
   if (!goesOn) hands_.Press(VK_HOME, {.control = true});
   hands_.Press(VK_END, {.control = true, .shift = !goesOn});
   if (typed.empty() && !goesOn) hands_.Press(VK_DELETE);
   hands_.Type(typed);
-  return {};
 }
 
-std::string ControlHand::Press(Window control, Key key) {
-  const std::string refusal = peers_.RefusalOf(control);
-  if (!refusal.empty()) return refusal;
-  hands_.BringToFront(RootOf(ToHwnd(control)));
-  GoByTab(control, kMostTabs);
-  hands_.Press(win32::VirtualKeyOf(key), {.control = key == Key::kControlEnter});
-  return {};
+void ControlHand::Press(const ControlView& control, Key key) {
+  hands_.BringToFront(RootOf(ToHwnd(control.window)));
+  GoByTab(control.window, kMostTabs);
+  hands_.Press(VirtualKeyOf(key), {.control = key == Key::kControlEnter});
 }
 
 void ControlHand::GoByTab(Window control, int presses) {
   hands_.Then([this, control, presses]() -> std::string {
-    if (peers_.FocusedControl() == control) return {};
+    if (FocusedControl() == control) return {};
     if (presses == 0) return "the keyboard can't be brought to it";
     hands_.Press(VK_TAB);
     GoByTab(control, presses - 1);
@@ -234,10 +219,19 @@ void ControlHand::GoByTab(Window control, int presses) {
   });
 }
 
-std::string ControlHand::Close(Window form) {
-  const std::string refusal = peers_.RefusalOf(form);
-  if (refusal.empty()) hands_.Click([form] { return CloseBoxSpot(ToHwnd(form)); });
-  return refusal;
+// Pressed at the label, along, and let go; the system moves the form meanwhile.
+void ControlHand::DragForm(const FormView&, const ControlView& label, int dx, int dy) {
+  hands_.Drag([window = ToHwnd(label.window)] { return MiddleSpot(window); }, dx, dy);
+}
+
+void ControlHand::Close(const FormView& form) {
+  hands_.Click([window = ToHwnd(form.window)] { return CloseBoxSpot(window); });
+}
+
+void ControlHand::Move(const FormView& form, int left, int top) {
+  const Rect& place = form.state->place;
+  hands_.Drag([window = ToHwnd(form.window)] { return TitleSpot(window); }, left - place.left,
+              top - place.top);
 }
 
 void ControlHand::ChooseRow(MenuHandle popup, const std::vector<int>& rows) {

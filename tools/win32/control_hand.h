@@ -1,43 +1,48 @@
-// The user's hands at the program's controls and menus: where each kind is to be touched, and when
-// it can't be.
+// The user's hand at the program's controls by mouse and keys, and at its menus: where each kind is
+// to be touched.
 #pragma once
 
-#include "platform/win32/win32_peers.h"
 #include "tools/win32/hands.h"
+#include "tools/win32/message_touch.h"
 
-#include <optional>
+#include <functional>
 #include <string>
 #include <vector>
 
 namespace corvel::tools {
 
-class ControlHand {
+class ControlHand : public Win32Touch {
  public:
-  ControlHand(win32::Win32Peers& peers, Hands& hands) : peers_(peers), hands_(hands) {}
+  // `begun` tells when all that has been begun is over, with what comes of it.
+  ControlHand(win32::Win32Platform& system, Hands& hands, std::function<Deed()> begun)
+      : Win32Touch(system), hands_(hands), begun_(std::move(begun)) {}
 
-  // Each is begun, or says why it can't be. What goes wrong later the hands tell.
-  std::string Click(Window control);
-  std::string DoubleClick(Window control);
-  std::string RightClick(Window control);
-  std::string Select(Window control, int row, bool keepMarked);
-  std::string Type(Window control, const std::string& wholeText);
-  std::string Press(Window control, Key key);
-  std::string Close(Window form);
+  // The hands take what is to be done at once, and do it one after the other. What goes wrong then
+  // they tell.
+  Deed Begin(Window window, std::function<void()> act) override;
+  void GoTo(const ControlView&) override {}  // each move finds its own way
+  void Click(const ControlView& control) override;
+  void DoubleClick(const ControlView& control) override;
+  void RightClick(const ControlView& control) override;
+  void Select(const ControlView& control, int row, bool keepMarked) override;
+  void Type(const ControlView& control, const std::string& wholeText) override;
+  void Press(const ControlView& control, Key key) override;
+  void DragForm(const FormView& form, const ControlView& label, int dx, int dy) override;
+  void Close(const FormView& form) override;
+  void Move(const FormView& form, int left, int top) override;
 
   // In a pop-up menu that is up: the rows from the outermost menu inwards.
   void ChooseRow(MenuHandle popup, const std::vector<int>& rows);
   void PutMenuAway() { hands_.Press(VK_ESCAPE); }
 
  private:
-  using Control = win32::Win32Peers::ControlView;
-  std::optional<Control> Find(Window control) const;
   void ClickRow(HWND list, ControlKind kind, int row, bool control, int scrolls);
   void OpenAndClickRow(HWND combo, int row);
   void ClickMenuRow(HMENU menu, int row, int clicks);
   void GoByTab(Window control, int presses);
 
-  win32::Win32Peers& peers_;
   Hands& hands_;
+  std::function<Deed()> begun_;
 };
 
 }  // namespace corvel::tools

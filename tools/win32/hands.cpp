@@ -239,6 +239,21 @@ void Hands::Click(Aim aim, Button button, int times, bool control) {
   if (control) Add([this] { return KeyUp(VK_CONTROL), true; });
 }
 
+// Where the pointer is let go is reckoned from where it was pressed: what is dragged goes along.
+void Hands::Drag(Aim aim, int dx, int dy) {
+  Add([this] { return strayed_ = 0, true; });
+  PointAt(aim);
+  Add([this, dx, dy] {
+    const POINT from = Pointer(), to{from.x + dx, from.y + dy};
+    Down(from, Button::kLeft);
+    Pause(kDownMs);
+    PointAt([to] { return Spot{to, nullptr, ""}; });
+    Add([this, to] { return lastPress_ = to, Up(), true; });
+    Pause(kBetweenMs);
+    return true;
+  });
+}
+
 void Hands::ClickAgain(Aim aim) {
   PointAt(aim);
   PressButton(aim, Button::kLeft, false, true);

@@ -42,6 +42,7 @@ class Hands {
   // --- What to do, one thing after another -----------------------------------------------------
   void Click(Aim aim, Button button = Button::kLeft, int times = 1, bool control = false);
   void PointAt(Aim aim);
+  void Drag(Aim aim, int dx, int dy);  // pressed there, and let go so many pixels further
   // At once behind another click: where two of them are no double-click.
   void ClickAgain(Aim aim);
   void Press(int virtualKey, Modifiers held = {});

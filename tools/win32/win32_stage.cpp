@@ -203,7 +203,10 @@ Deed Win32Stage::HangClient(const Hang& hang) {
 // client that hangs is to do waits until it goes on, like a user's click.
 Deed Win32Stage::DoInClient(const std::vector<std::string>& words,
                             std::shared_ptr<practice::Reply> reply) {
-  if (byHand_ && ClientHand::Knows(words)) return Begun(byHand_->client.Do(words));
+  if (byHand_ && ClientHand::Knows(words)) {
+    std::string refusal = byHand_->client.Do(words);
+    return refusal.empty() ? Begun() : Deed{.refusal = std::move(refusal)};
+  }
   if (!ClientRuns()) return {.refusal = kNotRunning};
   return {.over = [this, words, reply, ticket = std::optional<std::string>()]() mutable {
     if (ClientHangs()) return false;
@@ -276,51 +279,6 @@ void Win32Stage::EndAll() {
 }
 
 // --- The user's hand -----------------------------------------------------------------------------
-
-std::vector<FormView> Win32Stage::Forms() {
-  std::vector<FormView> forms;
-  for (const auto& form : home_.peers().Forms()) forms.push_back({form.window, form.state});
-  return forms;
-}
-
-std::vector<ControlView> Win32Stage::ControlsOf(Window form) {
-  std::vector<ControlView> controls;
-  for (const auto& control : home_.peers().ControlsOf(form))
-    controls.push_back({control.window, control.state});
-  return controls;
-}
-
-Deed Win32Stage::Done(const win32::Win32Peers::Done& done) {
-  if (!done.refusal.empty()) return {.refusal = done.refusal};
-  return {.over = [this, task = done.task] { return home_.peers().IsOver(task); }};
-}
-
-Deed Win32Stage::Click(Window control) {
-  return byHand_ ? Begun(byHand_->controls.Click(control)) : Done(home_.peers().Click(control));
-}
-Deed Win32Stage::DoubleClick(Window control) {
-  return byHand_ ? Begun(byHand_->controls.DoubleClick(control))
-                 : Done(home_.peers().DoubleClick(control));
-}
-Deed Win32Stage::RightClick(Window control) {
-  return byHand_ ? Begun(byHand_->controls.RightClick(control))
-                 : Done(home_.peers().RightClick(control));
-}
-Deed Win32Stage::Select(Window control, int row, bool keepMarked) {
-  return byHand_ ? Begun(byHand_->controls.Select(control, row, keepMarked))
-                 : Done(home_.peers().Select(control, row, keepMarked));
-}
-Deed Win32Stage::Type(Window control, const std::string& wholeText) {
-  return byHand_ ? Begun(byHand_->controls.Type(control, wholeText))
-                 : Done(home_.peers().Type(control, wholeText));
-}
-Deed Win32Stage::Press(Window control, Key key) {
-  return byHand_ ? Begun(byHand_->controls.Press(control, key))
-                 : Done(home_.peers().Press(control, key));
-}
-Deed Win32Stage::Close(Window form) {
-  return byHand_ ? Begun(byHand_->controls.Close(form)) : Done(home_.peers().Close(form));
-}
 
 bool Win32Stage::TrayMouse(LParam mouseMessage) {
   return script_.trayIcon &&

@@ -6,13 +6,13 @@
 #pragma once
 
 #include "app/corvel_process.h"
-#include "platform/win32/win32_peers.h"
 #include "platform/win32/win32_platform.h"
 #include "practice/win32/channel_client.h"
 #include "tools/scripted_platform.h"
 #include "tools/stage.h"
 #include "tools/win32/client_hand.h"
 #include "tools/win32/control_hand.h"
+#include "tools/win32/message_touch.h"
 #include "tools/win32/run_drive.h"
 
 #include <deque>
@@ -47,15 +47,23 @@ class Win32Stage : public Stage {
   void SetTaskbar(bool present) override { script_.taskbar = present; }
   void NextDraws(const std::vector<double>& draws) override;
   Registry& registry() override { return home_.platform().registry; }
-  void PutFile(std::string_view path, std::string_view bytes) override { drive_.Put(path, bytes); }
-  void RemoveFile(std::string_view path) override { drive_.Remove(path); }
-  std::optional<std::string> Peek(std::string_view path) override { return drive_.Peek(path); }
+  void PutFile(std::string_view path, std::string_view bytes) override {
+    drive_.Put(RealPath(path), bytes);
+  }
+  void RemoveFile(std::string_view path) override { drive_.Remove(RealPath(path)); }
+  std::optional<std::string> Peek(std::string_view path) override {
+    return drive_.Peek(RealPath(path));
+  }
+  void SetDrive(char letter, DriveKind kind, bool hasDisk) override {
+    AddDrive(home_.platform().files, script_.drives, letter, {kind, hasDisk});
+  }
+  desk::WebTable& web() override { return script_.web; }
   void FailFile(int call, int errorNumber, const std::string& part) override {
     script_.faults.FailCall(call, errorNumber, part);
   }
   void SetFreeSpace(std::int64_t bytes) override { script_.faults.SetFreeSpace(bytes); }
   void LockFile(std::string_view path, bool locked) override {
-    drive_.Lock(std::string(path), locked);
+    drive_.Lock(RealPath(path), locked);
   }
 
   void ChangeClient() override;
@@ -73,15 +81,7 @@ class Win32Stage : public Stage {
   bool ProgramWaitsForUser() override;
   void EndAll() override;
 
-  std::vector<FormView> Forms() override;
-  std::vector<ControlView> ControlsOf(Window form) override;
-  Deed Click(Window control) override;
-  Deed DoubleClick(Window control) override;
-  Deed RightClick(Window control) override;
-  Deed Select(Window control, int row, bool keepMarked) override;
-  Deed Type(Window control, const std::string& wholeText) override;
-  Deed Press(Window control, Key key) override;
-  Deed Close(Window form) override;
+  Hand& hand() override { return byHand_ ? byHand_->hand : messageHand_; }
   bool TrayMouse(LParam mouseMessage) override;
   std::vector<std::shared_ptr<desk::Prompt>>& Prompts() override { return script_.prompts; }
   Menus& menus() override { return home_.platform().menus; }
@@ -110,6 +110,7 @@ class Win32Stage : public Stage {
     ~ByHand();
     Hands hands;
     ControlHand controls;
+    Hand hand;
     ClientHand client;
     UINT_PTR timer;
   };
@@ -124,8 +125,7 @@ class Win32Stage : public Stage {
   std::string WhatClientSays();
   void StartProgram(const std::string& commandLine);
   Deed Post(std::function<void()> run);
-  Deed Done(const win32::Win32Peers::Done& done);
-  Deed Begun(const std::string& refusal);
+  Deed Begun();
   static void CALLBACK Tick(HWND, UINT, UINT_PTR, DWORD);
   void OnTick();
   void EndFinished();
@@ -138,6 +138,8 @@ class Win32Stage : public Stage {
   const Options options_;
   const std::uint32_t begin_;
   win32::Win32Platform home_;
+  MessageTouch touch_{home_};
+  Hand messageHand_{touch_};
   RunDrive drive_{home_.platform()};
   practice::PracticeChannel channel_;
   Library library_{*this};

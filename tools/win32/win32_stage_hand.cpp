@@ -17,7 +17,8 @@ Win32Stage::ByHand::ByHand(Win32Stage& stage)
     : hands([&stage] {
         if (stage.options_.onTouch) stage.options_.onTouch();
       }),
-      controls(stage.home_.peers(), hands),
+      controls(stage.home_, hands, [&stage] { return stage.Begun(); }),
+      hand(controls),
       client(hands, [&stage](const ClientHand::Words& words) { return stage.AskClient(words); }),
       timer(SetTimer(nullptr, 0, kTickMs, Tick)) {
   ticked = &stage;
@@ -44,8 +45,7 @@ void Win32Stage::OnTick() {
 }
 
 // With all that comes of it: inside a handler the program waits deeper than where it began.
-Deed Win32Stage::Begun(const std::string& refusal) {
-  if (!refusal.empty()) return {.refusal = refusal};
+Deed Win32Stage::Begun() {
   return {.over = [this, depth = script_.waits.size()] {
     return !HandIsBusy() && script_.waits.size() <= depth;
   }};

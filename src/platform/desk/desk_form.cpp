@@ -1,16 +1,14 @@
 // Forms and controls as desk windows; see desk_form.h.
 #include "platform/desk/desk_form.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace corvel::desk {
 namespace {
 
 // Frame and title bar at the system's usual sizes, in pixels.
 constexpr Size kFixedFrame{6, 25}, kSizingFrame{8, 27}, kNoFrame{0, 0};
-
-bool CanHaveFocus(ControlKind kind) {
-  return kind != ControlKind::kLabel && kind != ControlKind::kPicture &&
-         kind != ControlKind::kFrame && kind != ControlKind::kProgressBar;
-}
 
 // Window and state in step, for those who look at windows.
 void KeepInStep(Desk& desk, Window window, bool visible, bool enabled, const Rect& place) {
@@ -29,22 +27,38 @@ void DestroyPeer(Desk& desk, Window window) { desk.windows().impl().DestroyTree(
 
 DeskControl::DeskControl(DeskForm& form, const ControlState& state, ControlEvents& events)
     : desk_(form.desk()), form_(&form), state_(state), events_(events) {
-  WindowNode* node = desk_.windows().impl().AddWindow("CorvelControl", form.Handle(), *this);
+  const Window parent = form.ParentOf(state);
+  if (!parent) return;  // it has gone before us
+  WindowNode* node = desk_.windows().impl().AddWindow("CorvelControl", parent, *this);
   if (!node) return;
   window_ = node->handle;
   node->shownText = &state_.text;
-  Changed(Aspect::kAll, -1);
+  Show(Aspect::kAll);
 }
 
 DeskControl::~DeskControl() {
+  const Window window = std::exchange(window_, {});  // it isn't lost, but taken away
   if (form_) form_->Forget(*this);
-  DestroyPeer(desk_, window_);
+  DestroyPeer(desk_, window);
 }
 
 void DeskControl::Changed(Aspect aspect, int) {
+  if (window_) Show(aspect);
+}
+
+void DeskControl::Show(Aspect aspect) {
+  if (aspect == Aspect::kParent && form_)
+    desk_.windows().SetParent(window_, form_->ParentOf(state_));
   if (aspect == Aspect::kAll || aspect == Aspect::kVisible || aspect == Aspect::kEnabled ||
-      aspect == Aspect::kPlace)
+      aspect == Aspect::kPlace || aspect == Aspect::kParent)
     KeepInStep(desk_, window_, state_.visible, state_.enabled, state_.place);
+  if (!corvel::IsUsable(state_) && desk_.windows().Focus() == window_) LeaveFocus();
+}
+
+void DeskControl::LeaveFocus() {
+  if (!form_) return;
+  DeskControl* next = form_->ControlOf(FocusBehind(form_->States(), state_));
+  desk_.windows().SetFocus(next ? next->Handle() : form_->ParentOf(state_));
 }
 
 void DeskControl::TakeFocus() {
@@ -52,7 +66,19 @@ void DeskControl::TakeFocus() {
 }
 
 MessageResult DeskControl::OnMessage(Window window, const Message& message) {
-  return message.id == wm::kClose ? 0 : desk_.windows().Default(window, message);
+  if (message.id == wm::kClose) return 0;
+  if (message.id == wm::kNcDestroy && window == window_) {  // with the window that it stood in
+    window_ = {};
+    if (state_.kind == ControlKind::kContainer) events_.WindowLost();
+    return 0;
+  }
+  const bool placed = message.id == wm::kMove || message.id == wm::kSize;
+  if (!placed) return desk_.windows().Default(window, message);
+  // Another program has done it: what the toolkit does sends no message.
+  const WindowNode* node = desk_.windows().impl().tree.Find(window);
+  const bool told = !node || node->place == state_.place;
+  if (!told && state_.kind == ControlKind::kContainer) events_.WindowPlaced(node->place);
+  return 0;
 }
 
 // --- Forms ---------------------------------------------------------------------------------------
@@ -91,13 +117,22 @@ void DeskForm::Changed(Aspect) {
   desk_.windows().impl().tree.Raise(*node);
 }
 
-Window DeskForm::FirstFocus() const {
-  const DeskControl* first = nullptr;
-  for (const DeskControl* control : controls_)
-    if (control->IsUsable() && CanHaveFocus(control->State().kind) &&
-        (!first || control->State().tabOrder < first->State().tabOrder))
-      first = control;
-  return first ? const_cast<DeskControl*>(first)->Handle() : window_;
+DeskControl* DeskForm::ControlOf(const ControlState* state) const {
+  const auto hit = std::find_if(controls_.begin(), controls_.end(),
+                                [state](const auto* one) { return &one->State() == state; });
+  return hit == controls_.end() ? nullptr : *hit;
+}
+
+ControlStates DeskForm::States() const {
+  ControlStates states;
+  for (const DeskControl* control : controls_) states.push_back(&control->State());
+  return states;
+}
+
+Window DeskForm::ParentOf(const ControlState& control) const {
+  if (!control.container) return window_;
+  DeskControl* container = ControlOf(control.container);
+  return container ? container->Handle() : Window{};
 }
 
 void DeskForm::ApplyVisible(bool activate) {
@@ -105,7 +140,9 @@ void DeskForm::ApplyVisible(bool activate) {
   if (!windows.Exists(window_)) return;
   NoteShown(state_.visible);
   windows.impl().ShowNode(window_, state_.visible);
-  if (state_.visible && activate) windows.SetFocus(FirstFocus());
+  if (!state_.visible || !activate) return;
+  DeskControl* first = ControlOf(FirstFocus(States()));
+  windows.SetFocus(first ? first->Handle() : window_);
 }
 
 Size DeskForm::FrameSize() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/desk/desk_core.h"
+#include "platform/form_keyboard.h"
 #include "platform/peers.h"
 
 #include <memory>
@@ -27,9 +28,11 @@ class DeskControl : public ControlPeer, public WindowProcedure {
   const ControlState& State() const { return state_; }
   ControlEvents& Events() const { return events_; }
   void LoseForm() { form_ = nullptr; }  // the form's peer has gone first
-  bool IsUsable() const { return state_.visible && state_.enabled; }
 
  private:
+  void Show(Aspect aspect);
+  void LeaveFocus();
+
   Desk& desk_;
   DeskForm* form_;
   const ControlState& state_;
@@ -57,11 +60,12 @@ class DeskForm : public FormPeer, public WindowProcedure {
   FormEvents& Events() const { return events_; }
   const std::vector<DeskControl*>& Controls() const { return controls_; }
   void Forget(DeskControl& control) { std::erase(controls_, &control); }
-  bool IsUsable() const { return desk_.windows().IsVisible(window_) && state_.enabled; }
+  DeskControl* ControlOf(const ControlState* state) const;  // nullptr for none
+  ControlStates States() const;
+  Window ParentOf(const ControlState& control) const;  // the window that it is to stand in
 
  private:
   void NoteShown(bool shown);
-  Window FirstFocus() const;
 
   Desk& desk_;
   std::vector<DeskForm*>& all_;  // of the desk's forms, oldest first

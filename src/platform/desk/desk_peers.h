@@ -1,11 +1,10 @@
-// Forms and controls on the desk: each is a desk window whose state the toolkit keeps. Here the
-// user's hand finds them by name and acts on them.
+// Forms and controls on the desk: each is a desk window whose state the toolkit keeps. Whoever
+// looks on finds them here, by name or by window.
 #pragma once
 
 #include "platform/desk/desk.h"
 
 #include <optional>
-#include <string>
 #include <string_view>
 #include <vector>
 
@@ -24,33 +23,19 @@ class DeskPeers : public Peers {
     FormEvents* events;
   };
   struct ControlView {
-    Window window;
+    Window window, form;
     const ControlState* state;
     ControlEvents* events;
   };
   // The forms that stand, oldest first; and the newest of that name, case ignored.
   std::vector<FormView> Forms() const;
   std::optional<FormView> FindForm(std::string_view name) const;
+  std::optional<FormView> FindFormAt(Window window) const;
+  // The controls of a form that have a window.
   std::vector<ControlView> ControlsOf(Window form) const;
   std::optional<ControlView> FindControl(Window form, std::string_view name, int index) const;
+  std::optional<ControlView> Find(Window control) const;
   Window FocusedControl() const;
-
-  // What the user does, as an event of the form's process. Each fails with a reason (the answer's
-  // second part, "" if all is well) where a user could not: hidden, disabled, no such row, or a
-  // modal form in front.
-  struct Done {
-    TaskId task = 0;
-    std::string refusal;
-  };
-  Done Click(Window control);
-  Done DoubleClick(Window control);
-  Done RightClick(Window control);
-  Done Select(Window control, int row, bool keepMarked);
-  Done Type(Window control, const std::string& wholeText);
-  Done Press(Window control, Key key);
-  Done Drag(Window control, int dx, int dy);
-  Done Close(Window form);
-  Done MoveForm(Window form, int left, int top);
 
  private:
   struct Impl;

@@ -1,5 +1,6 @@
 #include "platform/win32/win32_control_peer.h"
 
+#include "platform/form_keyboard.h"
 #include "platform/win32/callback.h"
 #include "platform/win32/win32_drawing.h"
 #include "platform/win32/win32_form_peer.h"
@@ -20,8 +21,6 @@ constexpr KeyRow kKeys[] = {
     {VK_DOWN, Key::kDown},      {VK_LEFT, Key::kLeft},     {VK_RIGHT, Key::kRight},
     {VK_HOME, Key::kHome},      {VK_END, Key::kEnd},       {VK_SPACE, Key::kSpace},
 };
-
-bool IsHeld(int virtualKey) { return GetKeyState(virtualKey) < 0; }
 
 // Where a form draws its etched edge the controls must keep clear of it, and of the edge by which
 // the user sizes it.
@@ -60,10 +59,12 @@ Win32Control::~Win32Control() {
 }
 
 void Win32Control::Create() {
+  const HWND parent = form_->ParentOf(state_);
+  if (!parent) return;  // it has gone before us
   const WindowKind kind = Kind();
   window_ = CreateWindowExA(kind.extendedStyle, kind.className, "",
-                            kind.style | WS_CHILD | WS_CLIPSIBLINGS, 0, 0, 0, 0, form_->Hwnd(),
-                            nullptr, GetModuleHandleA(nullptr), nullptr);
+                            kind.style | WS_CHILD | WS_CLIPSIBLINGS, 0, 0, 0, 0, parent, nullptr,
+                            GetModuleHandleA(nullptr), nullptr);
   if (!window_) return;
   SetWindowLongPtrA(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
   own_ = reinterpret_cast<WNDPROC>(
@@ -75,9 +76,10 @@ LRESULT CALLBACK Win32Control::Procedure(HWND window, UINT id, WPARAM wParam, LP
   auto* self = reinterpret_cast<Win32Control*>(GetWindowLongPtrA(window, GWLP_USERDATA));
   if (!self) return DefWindowProcA(window, id, wParam, lParam);
   const WNDPROC own = self->own_;
-  if (id == WM_NCDESTROY) {  // with its form
+  if (id == WM_NCDESTROY) {  // with what it stands in
     self->window_ = nullptr;
     SetWindowLongPtrA(window, GWLP_USERDATA, 0);
+    Callback::Run([&] { return self->OnLoss(), 0; });
     return CallWindowProcA(own, window, id, wParam, lParam);
   }
   std::optional<LRESULT> answer;
@@ -100,6 +102,7 @@ void Win32Control::Show(Aspect aspect, int) {
   const bool all = aspect == Aspect::kAll;
   if (all || aspect == Aspect::kLook)
     Send(WM_SETFONT, reinterpret_cast<WPARAM>(form_->Fonts().Of(state_.font)), TRUE);
+  if (aspect == Aspect::kParent && form_) form_->PutIn(*this);
   if (all || aspect == Aspect::kPlace) {
     const Rect place = WindowPlace();
     SetWindowPos(window_, nullptr, place.left, place.top, place.width, place.height,
@@ -107,15 +110,20 @@ void Win32Control::Show(Aspect aspect, int) {
   }
   if (all || aspect == Aspect::kEnabled || aspect == Aspect::kVisible) {
     if (!IsUsable() && form_) form_->LeaveFocus(*this);
-    EnableWindow(window_, state_.enabled);
+    EnableWindow(window_, TakesInput());
     ShowWindow(window_, state_.visible ? SW_SHOWNA : SW_HIDE);
   }
   if (aspect != Aspect::kText && aspect != Aspect::kSelection) ShowToolTip();
 }
 
+// What hangs elsewhere isn't disabled with its form by the system.
+bool Win32Control::TakesInput() const {
+  return state_.enabled && !(state_.host && form_ && !form_->State().enabled);
+}
+
 Rect Win32Control::WindowPlace() const {
-  return form_ && form_->State().etchedEdge ? KeptOffEdge(state_.place, form_->Hwnd())
-                                            : state_.place;
+  const bool onEdge = form_ && form_->State().etchedEdge && !state_.container && !state_.host;
+  return onEdge ? KeptOffEdge(state_.place, form_->Hwnd()) : state_.place;
 }
 
 void Win32Control::ShowToolTip() {
@@ -133,18 +141,8 @@ std::string Win32Control::WindowText() const {
   return text;
 }
 
-bool Win32Control::CanHaveFocus() const {
-  return state_.kind != ControlKind::kLabel && state_.kind != ControlKind::kPicture &&
-         state_.kind != ControlKind::kFrame && state_.kind != ControlKind::kProgressBar;
-}
-
-bool Win32Control::IsButton() const {
-  return state_.kind == ControlKind::kButton || state_.kind == ControlKind::kFlatButton ||
-         state_.kind == ControlKind::kCheckBox || state_.kind == ControlKind::kOptionButton;
-}
-
 void Win32Control::TakeFocus() {
-  if (CanHaveFocus() && window_) SetFocus(window_);
+  if (CanHaveFocus(state_.kind) && window_) SetFocus(window_);
   Callback::Rethrow();
 }
 
@@ -163,29 +161,6 @@ std::optional<LRESULT> Win32Control::OnMessage(UINT id, WPARAM wParam, LPARAM) {
   if (id == WM_RBUTTONUP && !Calls([](ControlEvents& events) { events.UserRightClick(); }))
     return 0;
   return std::nullopt;
-}
-
-void Win32Control::HandClick() {
-  const LPARAM middle = MAKELPARAM(state_.place.width / 2, state_.place.height / 2);
-  const HWND window = window_;
-  SendMessageA(window, WM_LBUTTONDOWN, MK_LBUTTON, middle);
-  SendMessageA(window, WM_LBUTTONUP, 0, middle);
-}
-
-void Win32Control::HandRightClick() { Send(WM_RBUTTONUP, 0, MAKELPARAM(1, 1)); }
-
-// Down, along, up, as the mouse would: at the end the control may have gone along with it.
-void Win32Control::HandDrag(int dx, int dy) {
-  const HWND window = window_;
-  POINT from{1, 1};
-  ClientToScreen(window, &from);
-  const auto send = [window](UINT id, WPARAM keys, POINT at) {
-    ScreenToClient(window, &at);
-    SendMessageA(window, id, keys, MAKELPARAM(at.x, at.y));
-  };
-  send(WM_LBUTTONDOWN, MK_LBUTTON, from);
-  send(WM_MOUSEMOVE, MK_LBUTTON, {from.x + dx, from.y + dy});
-  send(WM_LBUTTONUP, 0, {from.x + dx, from.y + dy});
 }
 
 // --- Kinds ---------------------------------------------------------------------------------------
@@ -210,6 +185,7 @@ std::unique_ptr<Win32Control> MakeControl(Win32Form& form, const ControlState& s
       {ControlKind::kProgressBar, MakeProgressBar},
       {ControlKind::kPicture, MakePicture},
       {ControlKind::kFrame, MakeFrame},
+      {ControlKind::kContainer, MakeContainer},
   };
   const auto maker = std::find_if(std::begin(kMakers), std::end(kMakers),
                                   [&](const Maker& one) { return one.kind == state.kind; });

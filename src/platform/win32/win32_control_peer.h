@@ -4,6 +4,12 @@
 // A control is a window of the system's classes whose procedure comes to us first. The toolkit
 // holds the state; what the user does goes to its events, and the window is then brought in step.
 //
+// Controls stand in the form's window or in that of a container, which passes on to the form's
+// window what they tell it. A container hangs in a window of another process by the system's own
+// SetParent. Wine 8 draws nothing of a window in one of another process, Windows does; what makes
+// up for that (a pop-up of the form that lies over the host and follows it) would belong into the
+// container's peer, behind the same state.
+//
 // Any call to the events may destroy this object, so nothing is touched behind one unless `Calls`
 // says that it still lives. What a control of the system tells in the midst of its own work (a
 // changed text, a chosen row) is posted first, since by the event a message box may come up or the
@@ -25,6 +31,7 @@ class Win32Form;
 
 inline constexpr UINT kNotice = WM_APP + 0x0C1;  // posted by a control to itself; wParam: which
 
+inline bool IsHeld(int virtualKey) { return GetKeyState(virtualKey) < 0; }
 // The key of a virtual key code, with the modifiers as they are held now.
 Key KeyOf(WPARAM virtualKey);
 
@@ -44,8 +51,7 @@ class Win32Control : public ControlPeer {
   const ControlState& State() const { return state_; }
   ControlEvents& Events() const { return events_; }
   bool IsUsable() const { return state_.visible && state_.enabled; }
-  bool CanHaveFocus() const;
-  bool IsButton() const;  // of any sort, check boxes and options too
+  Win32Form* Form() const { return form_; }
   void LoseForm() { form_ = nullptr; }
 
   // Runs a call to the events; false if this object has gone meanwhile.
@@ -64,14 +70,6 @@ class Win32Control : public ControlPeer {
   // The control itself has a use for this key right now, before the toolkit is asked.
   virtual bool KeepsKey(Key key) const { return (void)key, false; }
 
-  // What the user's hand does, by messages to the window.
-  virtual void HandClick();
-  virtual void HandDoubleClick() {}
-  virtual void HandRightClick();
-  virtual void HandSelect(int row, bool keepMarked) { (void)row, (void)keepMarked; }
-  virtual void HandType(const std::string& text) { (void)text; }
-  void HandDrag(int dx, int dy);
-
  protected:
   struct WindowKind {
     const char* className;
@@ -80,10 +78,11 @@ class Win32Control : public ControlPeer {
   virtual WindowKind Kind() const = 0;
   // Brings the window in step with the state; with kAll right after its creation.
   virtual void Show(Aspect aspect, int row);
-  virtual Rect WindowPlace() const;  // in the form's client area
+  virtual Rect WindowPlace() const;  // in the client area of what it stands in
   // A message to the window, before its own procedure; an answer uses it up.
   virtual std::optional<LRESULT> OnMessage(UINT id, WPARAM wParam, LPARAM lParam);
   virtual void OnNotice(int notice) { (void)notice; }  // what PostNotice has put off
+  virtual void OnLoss() {}  // its window goes, not by us; it is forgotten already
 
   LRESULT Send(UINT id, WPARAM wParam = 0, LPARAM lParam = 0) const {
     return SendMessageA(window_, id, wParam, lParam);
@@ -92,11 +91,11 @@ class Win32Control : public ControlPeer {
   bool IsUpdating() const { return updating_ > 0; }  // what comes now is an echo of ours
   void SetWindowTextIfOther(const std::string& text) const;
   std::string WindowText() const;
-  Win32Form* Form() const { return form_; }
 
  private:
   static LRESULT CALLBACK Procedure(HWND window, UINT id, WPARAM wParam, LPARAM lParam);
   void ShowToolTip();
+  bool TakesInput() const;
 
   Win32Form* form_;
   const ControlState& state_;
@@ -123,5 +122,6 @@ std::unique_ptr<Win32Control> MakeProgressBar(Win32Form&, const ControlState&, C
 std::unique_ptr<Win32Control> MakeFlatButton(Win32Form&, const ControlState&, ControlEvents&);
 std::unique_ptr<Win32Control> MakePicture(Win32Form&, const ControlState&, ControlEvents&);
 std::unique_ptr<Win32Control> MakeFrame(Win32Form&, const ControlState&, ControlEvents&);
+std::unique_ptr<Win32Control> MakeContainer(Win32Form&, const ControlState&, ControlEvents&);
 
 }  // namespace corvel::win32

@@ -41,9 +41,11 @@ class Win32EventLoop : public EventLoop {
     if (sessionEnd_) sessionEnd_();
   }
 
+  // Brings a message to its window, by way of the filters, as the pump does.
+  void Dispatch(MSG& message);
+
  private:
   bool DispatchWaiting();
-  void Dispatch(MSG& message);
   bool IsFiltered(MSG& message);
   void ThrowIfEnded() const;
 

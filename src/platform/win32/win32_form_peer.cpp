@@ -13,6 +13,7 @@ namespace {
 DWORD StyleOf(const FormState& state) {
   DWORD style = WS_POPUP | WS_CLIPCHILDREN;
   if (state.resizable) style |= WS_THICKFRAME;
+  if (state.draggable) style |= WS_SYSMENU;  // not seen, but Alt+Space opens its menu
   if (!state.border) return style;
   style |= WS_CAPTION;
   if (state.closable) style |= WS_SYSMENU;
@@ -103,6 +104,17 @@ std::unique_ptr<ControlPeer> Win32Form::Add(const ControlState& state, ControlEv
   return control;
 }
 
+HWND Win32Form::ParentOf(const ControlState& control) const {
+  if (!control.container) return window_;
+  const Win32Control* container = ControlOf(control.container);
+  return container ? container->Hwnd() : nullptr;
+}
+
+void Win32Form::PutIn(const Win32Control& control) const {
+  if (const HWND parent = ParentOf(control.State())) SetParent(control.Hwnd(), parent);
+  PutFramesBehind();
+}
+
 // Frames stand behind what they frame, an outer one behind those inside it.
 void Win32Form::PutFramesBehind() const {
   for (auto control = controls_.rbegin(); control != controls_.rend(); ++control)
@@ -118,11 +130,39 @@ void Win32Form::Forget(const Win32Control& control) {
   std::erase_if(controls_, [&](const Win32Control* one) { return one == &control; });
 }
 
-Win32Control* Win32Form::ControlAt(HWND window) const {
-  for (Win32Control* control : controls_)
-    if (control->Hwnd() && (control->Hwnd() == window || IsChild(control->Hwnd(), window)))
-      return control;
+Win32Control* FormSet::ControlAt(HWND window) const {
+  for (HWND at = window; at; at = GetParent(at)) {
+    for (const Win32Form* form : forms)
+      for (Win32Control* control : form->Controls())
+        if (control->Hwnd() == at) return control;
+    const bool isChild = (GetWindowLongPtrA(at, GWL_STYLE) & WS_CHILD) != 0;
+    if (!isChild || GetWindowThreadProcessId(at, nullptr) != GetCurrentThreadId()) break;
+  }
   return nullptr;
+}
+
+Win32Form* FormSet::FormAt(HWND window) const {
+  for (Win32Form* form : forms)
+    if (form->Hwnd() && form->Hwnd() == window) return form;
+  const Win32Control* control = ControlAt(window);
+  return control ? control->Form() : nullptr;
+}
+
+Win32Control* Win32Form::ControlAt(HWND window) const {
+  Win32Control* control = set_.ControlAt(window);
+  return control && control->Form() == this ? control : nullptr;
+}
+
+Win32Control* Win32Form::ControlOf(const ControlState* state) const {
+  const auto hit = std::find_if(controls_.begin(), controls_.end(),
+                                [state](const auto* one) { return &one->State() == state; });
+  return hit == controls_.end() ? nullptr : *hit;
+}
+
+ControlStates Win32Form::States() const {
+  ControlStates states;
+  for (const Win32Control* control : controls_) states.push_back(&control->State());
+  return states;
 }
 
 Win32Control* Win32Form::Focused() const {
@@ -143,6 +183,8 @@ void Win32Form::Changed(Aspect aspect) {
       break;
     case Aspect::kEnabled:
       EnableWindow(window_, state_.enabled);
+      for (Win32Control* control : controls_)
+        if (control->State().host) control->Changed(Aspect::kEnabled, -1);
       break;
     default:
       ShowTopMost();

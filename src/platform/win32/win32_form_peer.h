@@ -1,6 +1,7 @@
 // A form on a real window.
 #pragma once
 
+#include "platform/form_keyboard.h"
 #include "platform/peers.h"
 #include "platform/win32/handles.h"
 #include "platform/win32/win32_display.h"
@@ -25,6 +26,11 @@ struct FormSet {
   std::vector<class Win32Form*> forms{};  // oldest first
   DialogFonts fonts{};
   HWND hiddenOwner = nullptr;  // of the forms that don't show in the task bar
+
+  // The control that this window is, or is inside; the form that it is or that such a control is
+  // of. Windows of other processes that stand in a container are nobody's.
+  Win32Control* ControlAt(HWND window) const;
+  class Win32Form* FormAt(HWND window) const;
 };
 
 class Win32Form : public FormPeer {
@@ -44,7 +50,12 @@ class Win32Form : public FormPeer {
   const FormState& State() const { return state_; }
   FormEvents& Events() const { return events_; }
   const std::vector<Win32Control*>& Controls() const { return controls_; }
-  Win32Control* ControlAt(HWND window) const;  // the control that this window is, or is inside
+  Win32Control* ControlAt(HWND window) const;                // of this form, as FormSet::ControlAt
+  Win32Control* ControlOf(const ControlState* state) const;  // nullptr for none
+  ControlStates States() const;
+  // The window that a control is to stand in: nullptr if its container's has gone.
+  HWND ParentOf(const ControlState& control) const;
+  void PutIn(const Win32Control& control) const;  // into that one
   Win32Control* Focused() const;
   DialogFonts& Fonts() const { return set_.fonts; }
   COLORREF Ground() const;  // the back colour as the screen shows it
@@ -52,7 +63,6 @@ class Win32Form : public FormPeer {
 
   // --- Keyboard: see win32_form_keys.cpp -------------------------------------------------------
   bool OnKey(const MSG& message);  // true: used up
-  void MoveFocus(bool backward);
   // The control is about to be out of reach: whoever has the focus there passes it on.
   void LeaveFocus(const Win32Control& control);
   // The button that Enter would press shows it.
@@ -98,14 +108,11 @@ class Win32Form : public FormPeer {
   void ShowPlace();
   void ShowTopMost() const;
   void PutFramesBehind() const;
-  Win32Control* FirstFocus() const;
   void FocusSomething();
 
   bool HasOwnSizingEdge() const { return !state_.border && state_.resizable; }
-  std::vector<Win32Control*> TabStops() const;
+  bool Do(const KeyDeed& deed);  // true: the key is used up
   bool PressAccessKey(char letter);
-  bool PressMarked(bool ControlState::*mark);
-  bool UseSystemKey(Win32Control& control, WPARAM virtualKey);
   bool OnKeyDown(const MSG& message);
   bool OnCharacter(const MSG& message);
 

@@ -76,12 +76,6 @@ class ListControl : public Win32Control {
   }
   int Current() const { return static_cast<int>(Send(messages_.current)); }
 
-  // As if the user had done what the window now shows.
-  void TellForm(int code) const {
-    SendMessageA(GetParent(Hwnd()), WM_COMMAND, MAKEWPARAM(0, code),
-                 reinterpret_cast<LPARAM>(Hwnd()));
-  }
-
  private:
   std::size_t Count() const { return static_cast<std::size_t>(Send(messages_.count)); }
 
@@ -129,19 +123,6 @@ class ListBox : public ListControl {
   bool KeepsKey(Key key) const override {
     const bool extends = GetKeyState(VK_SHIFT) < 0 || GetKeyState(VK_CONTROL) < 0;
     return State().multiSelect && (key == Key::kSpace || (extends && key != Key::kTab));
-  }
-
-  void HandDoubleClick() override { TellForm(LBN_DBLCLK); }
-  void HandSelect(int row, bool keepMarked) override {
-    if (!State().multiSelect) {
-      Send(LB_SETCURSEL, static_cast<WPARAM>(row));
-    } else {
-      const bool mark = !keepMarked || Send(LB_GETSEL, static_cast<WPARAM>(row)) <= 0;
-      if (!keepMarked) Send(LB_SETSEL, FALSE, -1);
-      Send(LB_SETSEL, mark, row);
-      Send(LB_SETCARETINDEX, static_cast<WPARAM>(row));
-    }
-    TellForm(LBN_SELCHANGE);
   }
 
  protected:
@@ -250,10 +231,6 @@ class ComboBox : public ListControl {
     if (code == CBN_SELCHANGE && !IsUpdating()) PostNotice(code);
   }
   bool KeepsKey(Key) const override { return Send(CB_GETDROPPEDSTATE) != 0; }
-  void HandSelect(int row, bool) override {
-    Send(CB_SETCURSEL, static_cast<WPARAM>(row));
-    TellForm(CBN_SELCHANGE);
-  }
 
  protected:
   WindowKind Kind() const override { return {"COMBOBOX", CBS_DROPDOWNLIST | WS_VSCROLL}; }

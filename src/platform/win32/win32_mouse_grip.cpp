@@ -1,52 +1,39 @@
 #include "platform/win32/win32_mouse_grip.h"
 
-#include <cstdlib>
+#include "platform/win32/win32_form_peer.h"
+
+#include <utility>
+#include <windowsx.h>
 
 namespace corvel::win32 {
-namespace {
-
-// The mouse's place in a message: signed, since it can be left of and above the window.
-POINT PointOf(LPARAM lParam) {
-  return {static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};
-}
-
-}  // namespace
 
 std::optional<LRESULT> GripControl::OnMessage(UINT id, WPARAM wParam, LPARAM lParam) {
   if (id == WM_LBUTTONDOWN || id == WM_LBUTTONDBLCLK) {
-    POINT at = PointOf(lParam);
-    ClientToScreen(Hwnd(), &at);
-    last_ = at;
-    dragged_ = false;
+    if (State().dragsForm) return DragForm(lParam), 0;
+    pressed_ = true;
     SetCapture(Hwnd());
     return 0;
   }
-  if (id == WM_CAPTURECHANGED) last_.reset();
-  if (id == WM_MOUSEMOVE && last_) {
-    POINT at = PointOf(lParam);
-    ClientToScreen(Hwnd(), &at);
-    return Follow(at);
-  }
-  if (id == WM_LBUTTONUP && last_) {
-    const bool clicked = !dragged_;
+  if (id == WM_CAPTURECHANGED) pressed_ = false;
+  if (id == WM_LBUTTONUP && std::exchange(pressed_, false)) {
     ReleaseCapture();
-    if (clicked) Calls([](ControlEvents& events) { events.UserClick(); });
+    RECT area{};
+    GetClientRect(Hwnd(), &area);
+    if (PtInRect(&area, {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)}))
+      Calls([](ControlEvents& events) { events.UserClick(); });
     return 0;
   }
   return Win32Control::OnMessage(id, wParam, lParam);
 }
 
-// The first few pixels are a hand that trembles.
-std::optional<LRESULT> GripControl::Follow(POINT now) {
-  const int dx = static_cast<int>(now.x - last_->x), dy = static_cast<int>(now.y - last_->y);
-  if (dx == 0 && dy == 0) return 0;
-  if (!dragged_ && std::abs(dx) < GetSystemMetrics(SM_CXDRAG) &&
-      std::abs(dy) < GetSystemMetrics(SM_CYDRAG))
-    return 0;
-  dragged_ = true;
-  last_ = now;
-  Calls([&](ControlEvents& events) { events.UserDrag(dx, dy); });
-  return 0;
+// The form's window is told that its title bar has been pressed, and the system does the rest; the
+// form hears when it has ended.
+void GripControl::DragForm(LPARAM lParam) const {
+  if (!Form()) return;
+  POINT at{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
+  ClientToScreen(Hwnd(), &at);
+  ReleaseCapture();
+  SendMessageA(Form()->Hwnd(), WM_NCLBUTTONDOWN, HTCAPTION, MAKELPARAM(at.x, at.y));
 }
 
 }  // namespace corvel::win32

@@ -1,12 +1,11 @@
-// Clicking and dragging what has no use of its own for the mouse: labels and pictures.
+// Clicking what has no use of its own for the mouse: labels, pictures, bare containers; and
+// dragging a form by one of its labels.
 #pragma once
 
 #include "platform/win32/win32_control_peer.h"
 
 namespace corvel::win32 {
 
-// A control that can be clicked and dragged. The mouse is followed on the screen, since the form
-// may move along with it.
 class GripControl : public Win32Control {
  public:
   using Win32Control::Win32Control;
@@ -15,10 +14,8 @@ class GripControl : public Win32Control {
   std::optional<LRESULT> OnMessage(UINT id, WPARAM wParam, LPARAM lParam) override;
 
  private:
-  std::optional<LRESULT> Follow(POINT now);
-
-  std::optional<POINT> last_{};  // on the screen, while the button is down
-  bool dragged_ = false;
+  void DragForm(LPARAM lParam) const;
+  bool pressed_ = false;
 };
 
 }  // namespace corvel::win32

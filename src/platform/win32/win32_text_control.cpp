@@ -17,12 +17,20 @@ class Label : public GripControl {
  protected:
   WindowKind Kind() const override {
     const DWORD wrapped = State().wordWrap ? SS_LEFT : SS_LEFTNOWORDWRAP;
-    const DWORD prefix = State().mnemonic ? 0 : SS_NOPREFIX;
-    return {"STATIC", SS_NOTIFY | prefix | (State().alignCenter ? SS_CENTER : wrapped)};
+    return {"STATIC", SS_NOTIFY | (State().alignCenter ? SS_CENTER : wrapped)};
   }
   void Show(Aspect aspect, int row) override {
     if (aspect == Aspect::kAll || aspect == Aspect::kText) SetWindowTextIfOther(State().text);
+    if (aspect == Aspect::kAll || aspect == Aspect::kLook) ShowMnemonic();
     GripControl::Show(aspect, row);
+  }
+
+ private:
+  void ShowMnemonic() const {
+    constexpr LONG_PTR kAsItIs = SS_NOPREFIX;
+    const LONG_PTR style = GetWindowLongPtrA(Hwnd(), GWL_STYLE) & ~kAsItIs;
+    SetWindowLongPtrA(Hwnd(), GWL_STYLE, State().mnemonic ? style : style | kAsItIs);
+    InvalidateRect(Hwnd(), nullptr, TRUE);
   }
 };
 
@@ -37,12 +45,6 @@ class TextBox : public Win32Control {
   void TakeFocus() override {
     if (!State().multiLine) Send(EM_SETSEL, 0, -1);
     Win32Control::TakeFocus();
-  }
-  // EM_REPLACESEL tells of the change as typing does; setting the text of a box of several lines
-  // doesn't.
-  void HandType(const std::string& text) override {
-    Send(EM_SETSEL, 0, -1);
-    Send(EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(text.c_str()));
   }
 
  protected:

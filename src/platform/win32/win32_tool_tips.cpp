@@ -11,12 +11,13 @@ namespace {
 
 constexpr int kWidth = 320;  // pixels, from which on a tip's lines are broken
 
-// The size that the common controls of Windows 98 know.
-TOOLINFOA ToolOf(HWND form, HWND control) {
+// Of the size that the common controls of Windows 98 know. Of the mouse on a disabled control it is
+// the window that it stands in, `parent`, that hears.
+TOOLINFOA ToolOf(HWND parent, const Win32Control& control) {
   TOOLINFOA tool{};
   tool.cbSize = TTTOOLINFOA_V2_SIZE;
-  tool.hwnd = form;
-  tool.uId = reinterpret_cast<UINT_PTR>(control);
+  tool.hwnd = parent;
+  tool.uId = reinterpret_cast<UINT_PTR>(control.Hwnd());
   return tool;
 }
 
@@ -37,7 +38,7 @@ void Win32Form::ShowToolTip(const Win32Control& control) {
                                 nullptr, GetModuleHandleA(nullptr), nullptr);
     SendMessageA(toolTips_, TTM_SETMAXTIPWIDTH, 0, kWidth);
   }
-  TOOLINFOA tool = ToolOf(window_, control.Hwnd());
+  TOOLINFOA tool = ToolOf(ParentOf(state), control);
   tool.uFlags = state.enabled ? TTF_IDISHWND : 0;
   tool.rect = ToRect(state.place);
   tool.lpszText = const_cast<char*>(state.toolTip.c_str());
@@ -46,7 +47,7 @@ void Win32Form::ShowToolTip(const Win32Control& control) {
 
 void Win32Form::DropToolTip(const Win32Control& control) {
   if (toolTips_ && control.Hwnd())
-    SendTool(toolTips_, TTM_DELTOOLA, ToolOf(window_, control.Hwnd()));
+    SendTool(toolTips_, TTM_DELTOOLA, ToolOf(ParentOf(control.State()), control));
 }
 
 void Win32Form::RelayToToolTips(const MSG& message) const {

@@ -3,6 +3,7 @@
 #include "platform/win32/win32_control_peer.h"
 #include "platform/win32/win32_drawing.h"
 #include "platform/win32/win32_form_peer.h"
+#include "platform/win32/win32_row_pictures.h"
 
 #include <algorithm>
 #include <string_view>
@@ -31,7 +32,7 @@ class ListView : public Win32Control {
   LRESULT OnNotify(NMHDR& notice) override {
     switch (notice.code) {
       case LVN_GETDISPINFOA:
-        GiveText(reinterpret_cast<NMLVDISPINFOA&>(notice).item);
+        GiveRow(reinterpret_cast<NMLVDISPINFOA&>(notice).item);
         break;
       case LVN_ODFINDITEMA:
         return Find(reinterpret_cast<NMLVFINDITEMA&>(notice));
@@ -47,17 +48,12 @@ class ListView : public Win32Control {
     }
     return 0;
   }
-  void HandDoubleClick() override { PostNotice(kDoubleClicked); }
-  void HandSelect(int row, bool) override {
-    told_ = noticed_ = true;  // marking it tells of itself only if it changes
-    Mark(row);
-    PostNotice(kSelected);
-  }
 
  protected:
   WindowKind Kind() const override {
     return {"SysListView32",
-            LVS_REPORT | LVS_OWNERDATA | LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_NOSORTHEADER,
+            LVS_REPORT | LVS_OWNERDATA | LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_NOSORTHEADER |
+                LVS_SHAREIMAGELISTS,
             WS_EX_CLIENTEDGE};
   }
   void Show(Aspect aspect, int row) override {
@@ -67,6 +63,8 @@ class ListView : public Win32Control {
     }
     const bool rows = aspect == Aspect::kAll || aspect == Aspect::kItems ||
                       aspect == Aspect::kItemInserted || aspect == Aspect::kItemRemoved;
+    if (rows && !State().images.empty())
+      Send(LVM_SETIMAGELIST, LVSIL_SMALL, reinterpret_cast<LPARAM>(RowPictures()));
     if (rows) {
       Send(LVM_SETITEMCOUNT, State().items.size());
       InvalidateRect(Hwnd(), nullptr, TRUE);
@@ -112,9 +110,10 @@ class ListView : public Win32Control {
     if (Current() != State().selected) Mark(State().selected);
   }
 
-  void GiveText(LVITEMA& item) const {
-    if (!(item.mask & LVIF_TEXT) || item.cchTextMax <= 0) return;
+  void GiveRow(LVITEMA& item) const {
     const auto row = static_cast<std::size_t>(item.iItem);
+    if (item.mask & LVIF_IMAGE) item.iImage = PictureOf(State(), row);
+    if (!(item.mask & LVIF_TEXT) || item.cchTextMax <= 0) return;
     const std::string_view text =
         row < State().items.size() ? CellOf(State().items[row], item.iSubItem) : "";
     const auto taken = std::min(text.size(), static_cast<std::size_t>(item.cchTextMax) - 1);
@@ -183,16 +182,19 @@ class TabStrip : public Win32Control {
     if (notice.code == TCN_SELCHANGE && !IsUpdating()) PostNotice(0);
     return 0;
   }
-  void HandSelect(int row, bool) override {
-    Send(TCM_SETCURSEL, static_cast<WPARAM>(row));
-    PostNotice(0);
-  }
 
  protected:
   WindowKind Kind() const override { return {"SysTabControl32"}; }
   void Show(Aspect aspect, int row) override {
-    if (aspect == Aspect::kAll || aspect == Aspect::kItems || aspect == Aspect::kItemInserted ||
-        aspect == Aspect::kItemRemoved)
+    if (!State().images.empty()) Send(TCM_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(RowPictures()));
+    const auto at = static_cast<WPARAM>(row);
+    if (aspect == Aspect::kItemInserted)
+      Put(TCM_INSERTITEMA, at);
+    else if (aspect == Aspect::kItemRemoved)
+      Send(TCM_DELETEITEM, at);
+    else if (aspect == Aspect::kItems && row >= 0)
+      Put(TCM_SETITEMA, at);
+    else if (aspect == Aspect::kAll || aspect == Aspect::kItems)
       Refill();
     Win32Control::Show(aspect, row);
     Send(TCM_SETCURSEL, static_cast<WPARAM>(State().selected));
@@ -205,14 +207,15 @@ class TabStrip : public Win32Control {
  private:
   void Refill() {
     Send(TCM_DELETEALLITEMS);
-    int at = 0;
-    for (const std::string& row : State().items) {
-      const std::string caption = Replaced(row, "&", "&&");  // it is no access key
-      TCITEMA item{};
-      item.mask = TCIF_TEXT;
-      item.pszText = const_cast<char*>(caption.c_str());
-      Send(TCM_INSERTITEMA, static_cast<WPARAM>(at++), reinterpret_cast<LPARAM>(&item));
-    }
+    for (WPARAM row = 0; row < State().items.size(); ++row) Put(TCM_INSERTITEMA, row);
+  }
+  void Put(UINT order, WPARAM row) const {
+    std::string caption = Replaced(State().items[row], "&", "&&");  // it is no access key
+    TCITEMA item{};
+    item.mask = TCIF_TEXT | TCIF_IMAGE;
+    item.pszText = caption.data();
+    item.iImage = PictureOf(State(), row);
+    Send(order, row, reinterpret_cast<LPARAM>(&item));
   }
 };
 
@@ -225,10 +228,11 @@ class ProgressBar : public Win32Control {
  protected:
   WindowKind Kind() const override { return {"msctls_progress32"}; }
   void Show(Aspect aspect, int row) override {
-    if (aspect == Aspect::kAll) Send(PBM_SETRANGE, 0, MAKELPARAM(0, State().maximum));
-    if (aspect == Aspect::kAll || aspect == Aspect::kValue)
+    if (aspect == Aspect::kAll || aspect == Aspect::kLook) Send(PBM_SETRANGE32, 0, State().maximum);
+    if (aspect == Aspect::kAll || aspect == Aspect::kValue || aspect == Aspect::kLook)
       Send(PBM_SETPOS, static_cast<WPARAM>(State().value));
     Win32Control::Show(aspect, row);
+    if (aspect == Aspect::kValue) UpdateWindow(Hwnd());
   }
 };
 

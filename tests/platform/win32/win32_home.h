@@ -3,11 +3,13 @@
 
 #include "platform/own_windows.h"
 #include "platform/win32/owned.h"
-#include "platform/win32/win32_peers.h"
 #include "platform/win32/win32_platform.h"
 #include "tests/platform/home.h"
 #include "tests/platform/win32/channel.h"
+#include "tests/platform/win32/web_server.h"
+#include "tests/platform/win32/wine_drives.h"
 #include "tests/platform/win32/wine_printer.h"
+#include "tools/win32/message_touch.h"
 
 #include <memory>
 
@@ -21,6 +23,7 @@ class OtherProgram {
   OtherProgram(const OtherProgram&) = delete;
   OtherProgram& operator=(const OtherProgram&) = delete;
 
+  void End();
   ProcessId id() const { return process_.dwProcessId; }
   HWND channel() const { return channel_; }
 
@@ -45,7 +48,13 @@ class Win32Other : public OtherProcess, public WindowProcedure {
   void SendText(Window window, MessageId id, const std::string& text) override;
   bool StartSound(const std::string& path) override;
   ProcessId Id() override { return program_.id(); }
-  void Settle() { Request({"settle"}); }
+  void Crash() override {
+    program_.End();
+    crashed_ = true;
+  }
+  void Settle() {
+    if (!crashed_) Request({"settle"});
+  }
 
   MessageResult OnMessage(Window window, const Message& message) override;
 
@@ -57,12 +66,13 @@ class Win32Other : public OtherProcess, public WindowProcedure {
   OtherProgram program_;
   Window channel_{};
   Words reply_;
+  bool crashed_ = false;
 };
 
 // Its answers come from a timer, which the loops of dialogs and menus run too.
-class Win32User : public UserAt<win32::Win32Peers> {
+class Win32User : public UserWithHand {
  public:
-  using UserAt::UserAt;
+  using UserWithHand::UserWithHand;
   ~Win32User() override { Forget(); }
   void WillAnswer(Answer answer) override;
 
@@ -86,14 +96,22 @@ class Win32Home : public Home {
   std::string CommandLine() override;
   bool IsSeenByAnotherInstance() override;
   bool HasTaskbar() override;
+  void SetDrive(char letter, DriveKind kind, bool hasDisk) override;
+  std::string Serve(const std::string& path, const std::string& text) override;
+  std::string SilentAddress() override;
+  std::string DeadAddress() override { return WebServer::DeadAddress(); }
   void SetPrinter(bool isThere) override;
   Log Printed() override;
 
  private:
+  WebServer& Server();
+
   win32::Win32Platform system_;
   win32::OwnedHandle held_;
   std::optional<WinePrinter> printer_;
-  Win32User user_{system_.peers(), *this};
+  std::optional<WineDrives> drives_;
+  std::optional<WebServer> server_;
+  Win32User user_{std::make_unique<tools::MessageTouch>(system_), *this};
   Win32Other other_{system_.platform().ownWindows};
 };
 
