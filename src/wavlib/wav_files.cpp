@@ -64,11 +64,7 @@ bool DeleteWav(Program& program, Window owner, const std::string& path) {
                              "~CN ?~B~N ~NDo you wish to send the above wav to the Windows Recycle "
                              "Bin?"))
     return false;
-  Reported(program, {"frmTabs", "cmdDel_Click"}, [&] {
-    Files& files = program.platform.files;
-    if (!program.platform.shell.Recycle(owner, path))
-      throw RunTimeError(files.Exists(path) ? err::kPathFileAccess : err::kFileNotFound);
-  });
+  Reported(program, {"frmTabs", "cmdDel_Click"}, [&] { RecycleFile(program, owner, path); });
   return true;
 }
 

@@ -88,6 +88,21 @@ TEST_F(ModalFormTest, TheOwnerIsHeldByWhatEverStillStandsOverIt) {
   EXPECT_TRUE(owner_->State().enabled);
 }
 
+TEST_F(ModalFormTest, TheOwnerIsFreeAtTheAnswerAlsoIfTheWaitCanNotEndYet) {
+  ThenInProgram([this] { Ask<QuestionForm>(*program_, nullptr, "frmInner"); });
+  ThenClick("frmOuter", "cmdOK");
+  ThenExpectOwner(true);
+  ThenClose("frmInner");
+  As([&] { EXPECT_EQ(AskNow("frmOuter"), "given"); });
+}
+
+TEST_F(ModalFormTest, NothingComesUpBetweenTheWayDownAndTheEnd) {
+  program_->g.Unloading = true;
+  As([&] { EXPECT_EQ(AskNow("frmAsk"), "harmless"); });
+  for (const auto& entry : desk_.journal().Entries())
+    EXPECT_NE(entry.words, std::vector<std::string>{"frmAsk"}) << entry.kind;
+}
+
 TEST_F(ModalFormTest, AnOwnerThatGoesTakesTheQuestionAlong) {
   std::string answer;
   ThenInProgram([this] { owner_->Unload(); });
