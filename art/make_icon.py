@@ -1,9 +1,11 @@
 #!/usr/bin/env python3
-"""Draws the program's icon and writes corvel32.ico: 32 and 16 pixels, each in 16 and 256 colours.
+"""Draws the program's icon, corvel32.ico, and that of the tray while IMs are off, ims_off.ico: 32
+and 16 pixels, each in 16 and 256 colours.
 
 A balloon with a C that fades from red to blue: a line of chat, said aloud. It is drawn pixel by
 pixel and not scaled, so that the small one is as sharp as the large one. With 16 colours the fade
-is three bands of pure colours, since a pattern of dots would make the letter ragged.
+is three bands of pure colours, since a pattern of dots would make the letter ragged. With IMs off
+a red bar crosses the balloon, and the letter has lost its colours, so that the bar is seen.
 """
 import math
 import pathlib
@@ -14,14 +16,16 @@ SIXTEEN = [(0, 0, 0), (128, 0, 0), (0, 128, 0), (128, 128, 0), (0, 0, 128), (128
            (255, 255, 0), (0, 0, 255), (255, 0, 255), (0, 255, 255), (255, 255, 255)]
 BLACK, WHITE, GREY, TEAL = (0, 0, 0), (255, 255, 255), (128, 128, 128), (0, 128, 128)
 BANDS = [(255, 0, 0), (128, 0, 128), (0, 0, 255)]
+RED = (255, 0, 0)
 
 
 class Drawing:
     """What differs between the sizes: places in pixels."""
 
-    def __init__(self, size, box, corner, tail, centre, letter, waves, shadow):
+    def __init__(self, size, box, corner, tail, centre, letter, waves, shadow, bar):
         self.size, self.box, self.corner, self.tail = size, box, corner, tail
         self.centre, self.letter, self.waves, self.shadow = centre, letter, waves, shadow
+        self.bar = bar  # half its breadth, and that of the light around it
 
     def in_balloon(self, x, y):
         left, top, right, bottom = self.box
@@ -53,7 +57,22 @@ class Drawing:
                 return TEAL
         return None
 
-    def pixel(self, x, y, colours):
+    def across(self, x, y):
+        """How far from the line that falls from corner to corner of the balloon."""
+        left, top, right, bottom = self.box
+        width, height = right - left, bottom - top
+        return abs(width * (y - top) - height * (x - left)) / math.hypot(width, height)
+
+    def pixel(self, x, y, colours, struck):
+        if not struck or not self.in_balloon(x, y):
+            return self.drawn(x, y, colours)
+        red, light = self.bar
+        if self.across(x, y) <= light:
+            return RED if self.across(x, y) <= red else WHITE
+        colour = self.drawn(x, y, colours)
+        return colour if colour in (BLACK, WHITE) else GREY
+
+    def drawn(self, x, y, colours):
         if self.in_balloon(x, y):
             around = [(x - 1, y), (x + 1, y), (x, y - 1), (x, y + 1)]
             if not all(self.in_balloon(*place) for place in around):
@@ -66,8 +85,8 @@ class Drawing:
 
 DRAWINGS = [
     Drawing(32, (1, 1, 28, 22), 3, (6, 8, 28), (11.0, 12.0), (4.2, 8.0),
-            [(9.3, 10.9), (13.0, 14.6)], 2),
-    Drawing(16, (0, 0, 15, 11), 2, (3, 5, 15), (6.0, 6.0), (1.9, 4.2), [(6.4, 7.5)], 0),
+            [(9.3, 10.9), (13.0, 14.6)], 2, (1.6, 2.6)),
+    Drawing(16, (0, 0, 15, 11), 2, (3, 5, 15), (6.0, 6.0), (1.9, 4.2), [(6.4, 7.5)], 0, (0.8, 1.6)),
 ]
 
 
@@ -83,10 +102,10 @@ def padded(row):
     return row + bytes(-len(row) % 4)
 
 
-def image(drawing, colours):
+def image(drawing, colours, struck):
     """The picture as an icon holds it: header, palette, colours and mask, rows from the bottom."""
     size, bits = drawing.size, 4 if colours == 16 else 8
-    pixels = [[drawing.pixel(x, y, colours) for x in range(size)] for y in range(size)]
+    pixels = [[drawing.pixel(x, y, colours, struck) for x in range(size)] for y in range(size)]
     palette = palette_of(pixels, colours)
     data = struct.pack("<IiiHHIIiiII", 40, size, size * 2, 1, bits, 0, 0, 0, 0, 0, 0)
     data += b"".join(bytes((b, g, r, 0)) for r, g, b in palette)
@@ -101,16 +120,21 @@ def image(drawing, colours):
     return data
 
 
-def main():
+def write_icon(name, struck):
     pictures = [(drawing, colours) for colours in (16, 256) for drawing in DRAWINGS]
-    images = [image(drawing, colours) for drawing, colours in pictures]
+    images = [image(drawing, colours, struck) for drawing, colours in pictures]
     icon = struct.pack("<HHH", 0, 1, len(images))
     offset = 6 + 16 * len(images)
     for (drawing, colours), data in zip(pictures, images):
         icon += struct.pack("<BBBBHHII", drawing.size, drawing.size, colours % 256, 0, 1,
                             4 if colours == 16 else 8, len(data), offset)
         offset += len(data)
-    (pathlib.Path(__file__).parent / "corvel32.ico").write_bytes(icon + b"".join(images))
+    (pathlib.Path(__file__).parent / name).write_bytes(icon + b"".join(images))
+
+
+def main():
+    write_icon("corvel32.ico", struck=False)
+    write_icon("ims_off.ico", struck=True)
 
 
 if __name__ == "__main__":

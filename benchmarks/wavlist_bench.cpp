@@ -2,6 +2,7 @@
 // (read, lower-cased, sorted), and the look-ups that each send and each mail does.
 //
 // The aim is 150 ms for a list and 20 microseconds for a look-up in files of ordinary size.
+#include "core/settings_fader.h"
 #include "platform/desk/desk.h"
 #include "platform/desk/desk_services.h"
 #include "wavlib/fav_wavs.h"
@@ -51,7 +52,7 @@ class WavDesk {
   ProcessId process_ = 0;
   Program program_{desk_.platform()};
   AolClient client_{program_};
-  Fader fader_{program_.settings.Fader};
+  Fader fader_{program_.settings.Fader.Fade};
 };
 
 void ShowAgain(benchmark::State& state, WavDesk& desk, std::string_view category) {

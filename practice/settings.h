@@ -10,6 +10,7 @@
 //   people=on            invented people who talk to the user
 #pragma once
 
+#include "platform/files.h"
 #include "practice/client/setup.h"
 
 #include <string>

@@ -54,8 +54,8 @@ share_system_files() {
 new_prefix() {
   make_template
   rm -rf "$1"
-  mkdir -p "$(dirname "$1")"
-  cp -a "$wine_template" "$1"
+  mkdir -p "$1"
+  cp -a "$wine_template/." "$1"  # the copy of a link to a template would be that template itself
   if [ "${2:-}" = null ]; then
     WINEPREFIX=$(realpath "$1") wine reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d null /f >/dev/null 2>&1
     WINEPREFIX=$(realpath "$1") wineserver -w

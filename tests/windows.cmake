@@ -14,8 +14,9 @@ target_link_libraries(corvel_message_touch PUBLIC corvel_hand corvel_win32)
 file(GLOB conformance CONFIGURE_DEPENDS platform/conformance_*_test.cpp)
 add_executable(test_platform ${conformance} platform/home.cpp platform/win32/main.cpp
   platform/win32/own_windows_test.cpp platform/win32/services_test.cpp
-  platform/win32/win32_home.cpp platform/win32/wine_printer.cpp)
-target_link_libraries(test_platform corvel_message_touch corvel_gtest winspool)
+  platform/win32/web_server.cpp platform/win32/win32_home.cpp platform/win32/wine_drives.cpp
+  platform/win32/wine_printer.cpp)
+target_link_libraries(test_platform corvel_message_touch corvel_gtest winspool ws2_32)
 add_executable(conformance_other WIN32 platform/home.cpp platform/win32/other_main.cpp)
 target_link_libraries(conformance_other corvel_win32)
 set_target_properties(conformance_other PROPERTIES OUTPUT_NAME other)

@@ -153,7 +153,7 @@ struct ScriptedSound : Sound, Before<Sound> {
   using Before::Before;
   // A machine without a sound device plays nothing; what counts is what was asked for.
   bool Play(std::string_view path, std::uint32_t flags) override {
-    const bool started = home.Play(path, flags);
+    const bool started = home.Play(RealPath(path), flags);
     const bool refused = !started && (flags & sound_flag::kNoStop) != 0;
     if (!refused) script.note("sound", {std::string(path)});
     return started;
@@ -176,7 +176,7 @@ struct ScriptedShell : Shell, Before<Shell> {
   }
   bool Recycle(Window owner, std::string_view path) override {
     const std::size_t size = files.SizeOf(path);
-    const bool gone = home.Recycle(owner, path);
+    const bool gone = home.Recycle(owner, RealPath(path));
     if (gone) script.faults.Changed(size, 0);
     if (gone) script.note("recycled", {std::string(path)});
     return gone;
@@ -188,11 +188,40 @@ struct ScriptedShell : Shell, Before<Shell> {
   }
   bool AddTrayIcon(Window owner, MessageId message, std::string_view) override {
     if (!script.taskbar || script.trayIcon) return false;
-    script.trayIcon = {owner, message};
+    script.trayIcon = Script::TrayIcon{owner, message};
+    return true;
+  }
+  bool ChangeTrayIcon(Window owner, TrayPicture picture) override {
+    if (!script.trayIcon || script.trayIcon->owner != owner) return false;
+    script.trayIcon->picture = picture;
     return true;
   }
   void RemoveTrayIcon(Window owner) noexcept override {
     if (script.trayIcon && script.trayIcon->owner == owner) script.trayIcon.reset();
+  }
+};
+
+// No real server is asked.
+struct ScriptedWeb : Web {
+  ScriptedWeb(Script& known, Clock& ticks) : script(known), clock(ticks) {}
+  Script& script;
+  Clock& clock;
+
+  struct Request : WebRequest {
+    Request(Clock& ticks, desk::WebAnswer given)
+        : clock(ticks),
+          answer(std::move(given)),
+          end(clock.TickCount() + static_cast<std::uint32_t>(answer.afterMs)) {}
+    Clock& clock;
+    desk::WebAnswer answer;
+    std::uint32_t end;
+    bool IsOver() override { return static_cast<std::int32_t>(clock.TickCount() - end) >= 0; }
+    std::uint32_t Error() override { return IsOver() ? answer.error : 0; }
+    std::string Text() override { return IsOver() ? answer.text : ""; }
+  };
+  std::unique_ptr<WebRequest> Begin(std::string_view, std::string_view address) override {
+    script.note("web", {std::string(address)});
+    return std::make_unique<Request>(clock, script.web.For(address));
   }
 };
 
@@ -294,6 +323,10 @@ struct ScriptedClock : Clock, Before<Clock> {
     return CivilFromMilliseconds(MillisecondsFromCivil(home.Now()) + script.clockAhead);
   }
   std::string TimeZoneName() override { return script.timeZone; }
+  std::string DateText(const CivilTime& date, DateForm form) override {
+    return form == DateForm::kLong ? LongDate(date) : ShortDate(date);
+  }
+  std::string TimeText(const CivilTime& time) override { return LongTime(time); }
 };
 
 struct ScriptedRandom : Random, Before<Random> {
@@ -314,7 +347,7 @@ struct ScriptedPlatform::Parts {
       : events(home.events, script),
         menus(home, script, events),
         dialogs(script, events),
-        files(home.files, script.faults),
+        files(home.files, script.faults, script.drives),
         sound(home.sound, script),
         shell(home, script, files),
         printer(script),
@@ -324,10 +357,12 @@ struct ScriptedPlatform::Parts {
         system(script),
         clock(home.clock, script),
         random(home.random, script),
+        web(script, home.clock),
         platform{home.windows, menus,      events,  home.ownWindows, hooks,
                  home.proxy,   home.peers, display, home.registry,   files,
                  processes,    system,     library, home.clipboard,  sound,
-                 shell,        printer,    dialogs, clock,           random} {}
+                 shell,        printer,    dialogs, clock,           random,
+                 home.media,   web} {}
   ScriptedEvents events;
   ScriptedMenus menus;
   ScriptedDialogs dialogs;
@@ -341,6 +376,7 @@ struct ScriptedPlatform::Parts {
   ScriptedSystem system;
   ScriptedClock clock;
   ScriptedRandom random;
+  ScriptedWeb web;
   Platform platform;
 };
 

@@ -1,12 +1,15 @@
 // A platform for a scenario on a home of real windows: all is the home's own but for what a
-// scenario sets (clock, machine, chance, faults of drives), what it answers (the system's dialogs,
-// pop-up menus) and what it has to see (sounds, help, the shell, the printer, hooks, waits).
+// scenario sets (clock, machine, chance, drives and their faults), what it answers (the system's
+// dialogs, pop-up menus, the web) and what it has to see (sounds, help, the shell, the printer,
+// hooks, waits).
 #pragma once
 
 #include "base/civil_time.h"
 #include "platform/desk/file_faults.h"
 #include "platform/desk/prompt.h"
+#include "platform/desk/web_table.h"
 #include "platform/platform.h"
+#include "tools/scripted_files.h"
 
 #include <cstdint>
 #include <deque>
@@ -31,6 +34,8 @@ struct Script {
   std::deque<double> draws;  // before the home's own
   bool realMenus = false;    // pop-up menus come up and are used by hand
   desk::FileFaults faults;
+  ScriptedDrives drives = DrivesOfEveryMachine();
+  desk::WebTable web;
   bool ended = false;  // every wait of the program throws ProcessExit
 
   // --- Seen by the scenario --------------------------------------------------------------------
@@ -41,6 +46,7 @@ struct Script {
   struct TrayIcon {
     Window owner;
     MessageId message;
+    TrayPicture picture = TrayPicture::kNormal;
   };
   std::optional<TrayIcon> trayIcon;
 };

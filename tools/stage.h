@@ -6,6 +6,8 @@
 #include "base/civil_time.h"
 #include "platform/desk/journal.h"
 #include "platform/desk/prompt.h"
+#include "platform/desk/web_table.h"
+#include "platform/files.h"
 #include "platform/menus.h"
 #include "platform/registry.h"
 #include "practice/practice_client.h"
@@ -70,6 +72,12 @@ class Stage {
   static bool IsRuntimeFile(std::string_view name);
   // A valid wave file of silence.
   void PutWave(std::string_view path, double seconds);
+
+  // The machine has this drive; without a disk each use of it fails. A (an empty diskette drive)
+  // and C are there from the start.
+  virtual void SetDrive(char letter, DriveKind kind, bool hasDisk) = 0;
+  // What the web answers, from now on.
+  virtual desk::WebTable& web() = 0;
 
   // Faults.
   virtual void FailFile(int call, int errorNumber, const std::string& part) = 0;

@@ -4,6 +4,8 @@
 #include "aolbridge/polling.h"
 #include "base/text.h"
 #include "core/helpers.h"
+#include "core/settings_chat.h"
+#include "core/settings_shell.h"
 
 namespace corvel {
 namespace {
@@ -112,7 +114,7 @@ void AolClient::AOLCursor() {
 
 void AolClient::OpenMemberPage(std::string_view name) {
   const std::string key = Lower(WithoutBlanks(name));
-  std::string page = Trim(program_.store.ReadKey("Web Page URL", key));
+  std::string page = Trim(program_.settings.WebPageURL.Read(key));
   if (page.empty()) page = std::string(kMemberPages) + Replaced(name, " ", "%20");
   if (program_.settings.General.UseExternalBrowser)
     OpenWithShell(program_, nullptr, page);

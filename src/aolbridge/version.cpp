@@ -2,6 +2,7 @@
 #include "aolbridge/aolclient.h"
 #include "aolbridge/client_facts.h"
 #include "aolbridge/polling.h"
+#include "base/cp1252.h"
 #include "base/text.h"
 #include "core/dialogs.h"
 #include "core/helpers.h"

@@ -4,6 +4,7 @@
 #include "core/helpers.h"
 #include "core/main.h"
 #include "core/report_error.h"
+#include "core/settings_fader.h"
 
 namespace corvel {
 
@@ -19,7 +20,7 @@ void YieldToEvents(Platform& platform) {
 CorvelProcess::CorvelProcess(Platform& platform)
     : program_(platform),
       client_(program_),
-      fader_(program_.settings.Fader, [&platform] { YieldToEvents(platform); }),
+      fader_(program_.settings.Fader.Fade, [&platform] { YieldToEvents(platform); }),
       faderSwitch_(program_),
       voice_(program_, client_, fader_),
       wavLibrary_(program_, client_, voice_),

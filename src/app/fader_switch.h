@@ -4,6 +4,7 @@
 
 #include "core/not_built.h"
 #include "core/program.h"
+#include "core/settings_fader.h"
 
 namespace corvel {
 
@@ -12,10 +13,7 @@ class FaderSwitch : public NoFaderWindows {
   explicit FaderSwitch(Program& program) : program_(program) {}
   void Join(Hub& hub) { hub.faderWindows = this; }
 
-  void SwitchOff() override {
-    program_.settings.Fader.On = false;
-    program_.store.WriteKey("Fader", "On", BooleanText(false));
-  }
+  void SwitchOff() override { program_.settings.Fader.On.Set(false); }
 
  private:
   Program& program_;

@@ -4,6 +4,7 @@
 #include "core/frmCMDialog.h"
 #include "core/frmInpBox.h"
 #include "core/frmMsg.h"
+#include "core/settings_shell.h"
 
 #include <array>
 #include <utility>
@@ -69,12 +70,12 @@ std::string SaveDialog(Program& program, Window owner, std::string_view descript
 Color PickColor(Program& program, Window owner, Color start) {
   std::array<Color, 16> custom;
   for (std::size_t i = 0; i < custom.size(); ++i) {
-    const std::string text = Trim(program.store.ReadKey("CustomColors", std::to_string(i)));
+    const std::string text = Trim(program.settings.CustomColors.Read(std::to_string(i)));
     custom[i] = text.empty() ? kWhite : IntVal(text);
   }
   const auto chosen = program.platform.dialogs.ChooseColor(owner, start, custom);
   for (std::size_t i = 0; i < custom.size(); ++i)
-    program.store.WriteKey("CustomColors", std::to_string(i), std::to_string(custom[i]));
+    program.settings.CustomColors.Write(std::to_string(i), std::to_string(custom[i]));
   return chosen.value_or(start);
 }
 

@@ -43,8 +43,8 @@ inline bool AskYesNo(Program& program, std::string_view text, forms::Form* owner
 }
 
 struct InputOptions {
-  std::string title;  // of the window; "": the program's own
-  int maxLength = 0;  // characters that can be typed; 0: no limit
+  std::string title{};  // of the window; "": the program's own
+  int maxLength = 0;    // characters that can be typed; 0: no limit
   forms::Form* owner = nullptr;
 };
 

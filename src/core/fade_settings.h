@@ -1,9 +1,8 @@
-// The fader's current state: loaded from the registry at start-up, changed by the control panel,
-// read by the fade engine.
+// What the fade engine takes: plain values, which the settings of section "Fader" keep here under
+// the same names (settings_fader.h), or whoever else wants a text faded.
 #pragma once
 
 #include <cstdint>
-#include <string>
 
 namespace corvel {
 
@@ -27,12 +26,8 @@ struct WideBoolean {
   std::int16_t bits;
 };
 
-// The fields carry the names of their registry keys.
 struct FadeSettings {
-  bool On = false;
-  std::string Default = "Cool Fade";  // the scheme in use
   bool Wavy = false;
-  bool ShowFadePanelWithChat = false;
   bool Bold = false;
   bool Italic = false;
   bool ULine = false;
@@ -43,7 +38,6 @@ struct FadeSettings {
   ColorValue Four = 0;
   ColorValue Five = 0;
   ColorValue Six = 0;
-  bool FadeWavOnly = false;
   WideBoolean SolidFade;  // neither true nor false: a text stays plain
 };
 

@@ -4,6 +4,7 @@
 #include "core/dialogs.h"
 #include "core/features/client.h"
 #include "core/helpers.h"
+#include "core/settings_shell.h"
 #include "core/start_checks.h"
 
 namespace corvel {
@@ -85,13 +86,13 @@ void AOLIsRunning(Program& program) {
     RefuseStart(program, "~B~CRAmerica Online window not found!~B~CN~N ~NAborting startup.");
   g.AOLPath = RunningClientFolder(program);
   if (!IsAOL32Bit(program)) Refuse16BitRunning(program);
-  program.store.WriteKey("", "AOL Path", g.AOLPath);
+  program.settings.Root.AOLPath.Set(g.AOLPath);
   program.platform.windows.Show(g.hAOL, show::kMaximized);
 }
 
 void StartAOL(Program& program) {
   Globals& g = program.g;
-  g.AOLPath = WithoutLastSlash(program.store.ReadKey("", "AOL Path"));
+  g.AOLPath = WithoutLastSlash(program.settings.Root.AOLPath.Read());
   if (!HasClient(program, g.AOLPath)) GetAOLPath(program, ClientFolderMode::kFirstRun);
   if (!IsAOL32Bit(program))
     RefuseStart(program,
@@ -107,7 +108,7 @@ bool GetAOLPath(Program& program, ClientFolderMode mode) {
   const std::string path = WithoutLastSlash(ChooseFolder(program, ClientFolderQuestion()));
   if (path.empty()) EndWithoutFolder(program, mode);
   // Kept in memory too: where the tree can't be written, this start still works.
-  program.store.WriteKey("", "AOL Path", path);
+  program.settings.Root.AOLPath.Set(path);
   program.g.AOLPath = path;
   return mode == ClientFolderMode::kChange &&
          AskYesNo(program,

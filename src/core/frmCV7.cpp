@@ -13,6 +13,8 @@
 #include "core/main.h"
 #include "core/not_built.h"
 #include "core/report_error.h"
+#include "core/settings_im.h"
+#include "core/settings_shell.h"
 #include "core/toolbar_menus.h"
 
 namespace corvel {
@@ -143,9 +145,9 @@ void frmCV7::Form_Message(MessageId id, WParam, LParam lParam) {
 }
 
 void frmCV7::RestoreToolbarPlace() {
-  RestorePlace(program, *this, "Toolbar");
-  if (Trim(program.store.ReadKey("Toolbar", "Top")).empty())
-    SetTop(0);  // clear of the client's windows
+  PlaceSetting& place = program.settings.Toolbar.Place;
+  RestorePlace(program, *this, place);
+  if (!place.Top.IsStored()) SetTop(0);  // clear of the client's windows
 }
 
 void frmCV7::SetRowsByVersion() {
@@ -179,7 +181,7 @@ bool frmCV7::Form_QueryUnload(bool byUser) {
     UnloadAllForms(program, true);
     if (!program.g.Unloading) return false;
   }
-  SavePlace(program, *this, "Toolbar");
+  SavePlace(*this, program.settings.Toolbar.Place);
   return true;
 }
 
@@ -226,10 +228,8 @@ void frmCV7::DisableTimers() {
 // --- The toolbar ---------------------------------------------------------------------------------
 
 void frmCV7::ShowToolbar() {
-  if (program.g.AccessMode != 0) {  // the default isn't written back
-    program.g.AccessMode = 0;
-    program.store.WriteKey("Toolbar", "MenuAccess", "Toolbar");
-  }
+  if (program.g.AccessMode != 0)  // the default isn't written back
+    program.settings.Toolbar.MenuAccess.Set(0);
   Show();
   ColorButtons();
 }

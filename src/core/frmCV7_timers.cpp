@@ -17,6 +17,10 @@
 #include "core/main.h"
 #include "core/maker_pages.h"
 #include "core/report_error.h"
+#include "core/settings_fader.h"
+#include "core/settings_im.h"
+#include "core/settings_mail.h"
+#include "core/settings_shell.h"
 
 namespace corvel {
 

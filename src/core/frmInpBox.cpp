@@ -40,6 +40,7 @@ void frmInpBox::Form_Load() {
   Arrange(Column({Row({Cell(Image1), Cell(Picture1)}),
                   Framed(Frame1, Row({Stretch(Cell(txtInput, kInputColumns))})),
                   Row({Space(), Cell(Command1[0]), Cell(Command1[1]), Space()})}));
+  SetTopMost();
 }
 
 }  // namespace corvel

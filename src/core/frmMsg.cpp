@@ -138,6 +138,7 @@ void frmMsg::Form_Load() {
   Arrange(
       Column({Row({Cell(Picture1), Cell(Picture2)}), Cell(chkNoShow),
               Row({Space(), Cell(Command1[0]), Cell(Command1[1]), Cell(Command1[2]), Space()})}));
+  SetTopMost();
 }
 
 void frmMsg::Cancel() {

@@ -3,6 +3,7 @@
 #include "base/error.h"
 #include "base/text.h"
 #include "core/dialogs.h"
+#include "core/settings_mail.h"
 
 #include <cstdint>
 
@@ -92,20 +93,19 @@ void RePosForm(Program& program, forms::Form& form, int mode) {
 
 void CenterForm(forms::Form& form) { form.Center(); }
 
-void RestorePlace(Program& program, forms::Form& form, std::string_view section) {
-  const std::string top = Trim(program.store.ReadKey(section, "Top"));
-  if (top.empty()) {
+void RestorePlace(Program& program, forms::Form& form, PlaceSetting& place) {
+  if (!place.Top.IsStored()) {
     form.Center();
     return;
   }
-  form.MoveTo(IntVal(program.store.ReadKey(section, "Left")), IntVal(top));
+  form.MoveTo(place.Left.Read(), place.Top.Read());
   RePosForm(program, form, 0);
   RePosForm(program, form, 1);
 }
 
-void SavePlace(Program& program, const forms::Form& form, std::string_view section) {
-  program.store.WriteKey(section, "Top", std::to_string(form.Top()));
-  program.store.WriteKey(section, "Left", std::to_string(form.Left()));
+void SavePlace(const forms::Form& form, PlaceSetting& place) {
+  place.Top.Set(form.Top());
+  place.Left.Set(form.Left());
 }
 
 void ClickWindow(Program& program, Window window) {
@@ -130,16 +130,17 @@ void ShowHelp(Program& program, std::string_view topic) {
 }
 
 std::string BuildDate(Program& program) {
-  const std::string& format = program.settings.EMail.DateFormat;
-  if (format == "1") return LongDate(program.platform.clock.Now());
-  if (format == "2") return ShortDate(program.platform.clock.Now());
+  const DateStyle style = program.settings.EMail.DateFormat;
+  Clock& clock = program.platform.clock;
+  if (style == DateStyle::kLong) return clock.DateText(clock.Now(), DateForm::kLong);
+  if (style == DateStyle::kShort) return clock.DateText(clock.Now(), DateForm::kShort);
   return {};
 }
 
 std::string BuildTime(Program& program) {
-  std::string time = LongTime(program.platform.clock.Now());
-  if (program.settings.EMail.IncludeTimeZone)
-    time += " " + CutAtNul(program.platform.clock.TimeZoneName());
+  Clock& clock = program.platform.clock;
+  std::string time = clock.TimeText(clock.Now());
+  if (program.settings.EMail.IncludeTimeZone) time += " " + CutAtNul(clock.TimeZoneName());
   return time;
 }
 

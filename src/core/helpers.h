@@ -26,10 +26,9 @@ std::string GetSysDir(Program& program);
 // Pulls a form back on the screen; called with 0 (vertical), then 1 (horizontal).
 void RePosForm(Program& program, forms::Form& form, int mode);
 void CenterForm(forms::Form& form);
-// The usual way of a form that remembers its place: the stored Top and Left of a section, pulled on
-// the screen; without a stored Top, centred.
-void RestorePlace(Program& program, forms::Form& form, std::string_view section);
-void SavePlace(Program& program, const forms::Form& form, std::string_view section);
+// The usual way of a form that remembers its place: its stored Top and Left, pulled on the screen; without a stored Top, centred.
+void RestorePlace(Program& program, forms::Form& form, PlaceSetting& place);
+void SavePlace(const forms::Form& form, PlaceSetting& place);
 
 // Button down and up, posted.
 void ClickWindow(Program& program, Window window);
@@ -37,6 +36,7 @@ void ClickWindow(Program& program, Window window);
 void OpenWithShell(Program& program, const forms::Form* form, std::string_view target);
 void ShowHelp(Program& program, std::string_view topic);
 
+// As the system writes them.
 std::string BuildDate(Program& program);  // by the DateFormat setting
 std::string BuildTime(Program& program);  // with or without the zone's name
 

@@ -1,5 +1,7 @@
 #include "core/looks.h"
 
+#include "core/settings_shell.h"
+
 #include <optional>
 
 namespace corvel {

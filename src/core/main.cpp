@@ -14,6 +14,8 @@
 #include "core/frmWatch.h"
 #include "core/helpers.h"
 #include "core/report_error.h"
+#include "core/settings_im.h"
+#include "core/settings_shell.h"
 #include "core/start_checks.h"
 
 namespace corvel {
@@ -121,14 +123,7 @@ void ReadNames(Program& program, Splash& splash) {
 void LoadUserSettings(Program& program, Splash& splash) {
   splash.Report("Loading User Settings");
   splash.Progress(80);
-  const SettingsStore& store = program.store;
-  Settings& settings = program.settings;
-  LoadToolbarGroup(store, settings, program.g);
-  LoadWavListGroup(store, settings);
-  LoadEMailGroup(store, settings);
-  LoadWavScanGroup(store, settings);
-  LoadHotWordsGroup(store, settings);
-  LoadIMGroup(store, settings, program.hub.client->CanManageIMs());
+  program.settings.LoadForClient(program.hub.client->CanManageIMs());
   Reported(program, {"modMain", "LoadIMSettings"}, [&program] {  // today's log folder
     MakeDirIfMissing(program, program.InFolder("im logs"));
     MakeDirIfMissing(program,
@@ -151,13 +146,13 @@ void LoadCorvel(Program& program) {
     program.forms.Load<frmWatch>(program);
   });
   step(true, [&program] {
-    LoadSiblingKeys(program.store, program.settings);
+    program.settings.Load(LoadGroup::kSiblings);
     if (frmCV7* const toolbar = program.forms.Loaded<frmCV7>()) toolbar->ShowSiblingRows();
     program.hub.access->RowsChanged();
   });
   g.WinDir = GetWinDir(program);
   g.SysDir = GetSysDir(program);
-  if (hub.client->CanFade()) LoadFaderGroup(program.store, program.settings);
+  if (hub.client->CanFade()) program.settings.Load(LoadGroup::kFader);
   step(hub.client->CanManageIMs() && settings.IM.TabsOn,
        [&hub] { hub.instantMessages->Initialize_IM_Manager(); });
   // Not without the library's help, but no reason to stop: what needs it does without.

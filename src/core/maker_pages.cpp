@@ -2,6 +2,7 @@
 
 #include "core/features/client.h"
 #include "core/helpers.h"
+#include "core/settings_shell.h"
 
 namespace corvel {
 

@@ -6,7 +6,7 @@ namespace corvel {
 
 void ModalWindow::Wait(forms::Form* owner) {
   TakeOwner(owner);
-  SetTopMost(!owner_ || owner_->State().topMost);
+  if (!owner_ || owner_->State().topMost) SetTopMost();
   Center();
   Show();
   // The system takes a window away with its owner, and only the handle tells.

@@ -55,14 +55,18 @@ struct Globals {
 };
 
 struct Program {
-  explicit Program(Platform& system) : platform(system), store(system.registry), forms(system) {}
+  explicit Program(Platform& system)
+      : platform(system),
+        store(system.registry),
+        settings(store, g.UIMode, g.AccessMode),
+        forms(system) {}
   Program(const Program&) = delete;
   Program& operator=(const Program&) = delete;
 
   Platform& platform;
   Globals g;
-  Settings settings;
   SettingsStore store;
+  Settings settings;
   Hub hub;
   forms::Forms forms;
 

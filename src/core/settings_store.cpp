@@ -53,11 +53,16 @@ bool SettingsStore::DeleteValue(std::string_view section, std::string_view name)
 }
 
 bool SettingsStore::DeleteSection(std::string_view section) {
+  if (CutAtNul(section).find_first_not_of('\\') == std::string::npos) return false;
   return registry_.DeleteKey(KeyOf(section));
 }
 
 std::optional<std::vector<std::string>> SettingsStore::Names(std::string_view section) const {
   return registry_.ValueNames(KeyOf(section));
+}
+
+std::vector<std::string> SettingsStore::Sections(std::string_view section) const {
+  return registry_.SubKeyNames(KeyOf(section)).value_or(std::vector<std::string>{});
 }
 
 }  // namespace corvel

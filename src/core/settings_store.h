@@ -23,14 +23,15 @@ class SettingsStore {
   std::string ReadKey(std::string_view section, std::string_view name) const;
   bool WriteKey(std::string_view section, std::string_view name, std::string_view value);
   bool DeleteValue(std::string_view section, std::string_view name);
+  // With all below it. The root is no section: false.
   bool DeleteSection(std::string_view section);
   // The free names of a section in the registry's own order; nothing if it can't be opened.
   std::optional<std::vector<std::string>> Names(std::string_view section) const;
+  // The names of the sections below one, in the registry's own order.
+  std::vector<std::string> Sections(std::string_view section) const;
 
  private:
   Registry& registry_;
 };
-
-inline std::string BooleanText(bool value) { return value ? "True" : "False"; }
 
 }  // namespace corvel

@@ -5,6 +5,7 @@
 #include "core/dialogs.h"
 #include "core/find_client.h"
 #include "core/helpers.h"
+#include "core/settings_shell.h"
 
 namespace corvel {
 
@@ -74,12 +75,8 @@ void ChooseLook(Program& program) {
   Globals& g = program.g;
   g.LowColor = program.platform.display.BitsPerPixel() <= kLowColorBits;
   g.UIMode = 0;
-  if (!g.LowColor) {
-    const std::string stored = program.store.ReadKey("", "UIMode");
-    if (stored.empty() || stored == "1") g.UIMode = 1;
-    if (stored == "2") g.UIMode = 2;
-  }
-  LoadUserColors(program.store, program.settings);
+  if (!g.LowColor) program.settings.Root.UIMode.Read();
+  program.settings.Load(LoadGroup::kLook);
 }
 
 void CommandLine(Program& program, std::string_view line) {

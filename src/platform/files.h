@@ -27,6 +27,10 @@ struct FoundFile {
   std::uint32_t attributes = 0;
 };
 
+// What a drive letter stands for. A diskette drive is a removable one at A or B, the letters that
+// the system keeps for them: it tells the two apart in no other way.
+enum class DriveKind { kNone, kFloppy, kRemovable, kFixed, kNetwork, kCd, kOther };
+
 class Files {
  public:
   virtual ~Files() = default;
@@ -55,7 +59,10 @@ class Files {
 
   // The 8.3 form of an existing path; "" if there is none. Never throws.
   virtual std::string ShortPath(std::string_view path) = 0;
-  // Whether the drive of the path ("C:") is there: 0, or the error number (68, 71).
+  // Of the path's drive ("C:"), whether a disk lies in it or not. Never throws.
+  virtual DriveKind DriveKindOf(std::string_view path) = 0;
+  // Whether the path's drive is there and holds a disk: 0, or 68 as the system's box of drives has
+  // it. (A use of a drive without a disk fails with 71.)
   virtual int DriveState(std::string_view path) = 0;
   virtual std::vector<std::string> Drives() = 0;  // "a:", "c:"
 

@@ -8,6 +8,7 @@
 #include "platform/event_loop.h"
 #include "platform/files.h"
 #include "platform/hooks.h"
+#include "platform/media_control.h"
 #include "platform/menus.h"
 #include "platform/own_windows.h"
 #include "platform/peers.h"
@@ -15,6 +16,7 @@
 #include "platform/registry.h"
 #include "platform/shell.h"
 #include "platform/sound.h"
+#include "platform/web.h"
 #include "platform/window_system.h"
 
 namespace corvel {
@@ -40,6 +42,8 @@ struct Platform {
   CommonDialogs& dialogs;
   Clock& clock;
   Random& random;
+  MediaControl& media;
+  Web& web;
 };
 
 }  // namespace corvel

@@ -10,6 +10,9 @@
 
 namespace corvel {
 
+// What the program's icon in the tray shows.
+enum class TrayPicture { kNormal, kImsOff };
+
 class Shell {
  public:
   virtual ~Shell() = default;
@@ -22,6 +25,8 @@ class Shell {
   // The tray icon of `owner`; its mouse messages come to that window as `message` with the mouse
   // message in lParam. False if there is no taskbar.
   virtual bool AddTrayIcon(Window owner, MessageId message, std::string_view tip) = 0;
+  // False if `owner` has no icon there. A new icon shows kNormal.
+  virtual bool ChangeTrayIcon(Window owner, TrayPicture picture) = 0;
   virtual void RemoveTrayIcon(Window owner) noexcept = 0;
 };
 

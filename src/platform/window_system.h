@@ -15,11 +15,18 @@
 #include "platform/window_types.h"
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 
 namespace corvel {
+
+// A window whose drawing stands still, until the object goes. The window may die first.
+class UpdateLock {
+ public:
+  virtual ~UpdateLock() = default;
+};
 
 class WindowSystem {
  public:
@@ -51,9 +58,14 @@ class WindowSystem {
   virtual bool IsVisible(Window window) = 0;  // it and all its parents
   virtual bool IsEnabled(Window window) = 0;
   virtual bool IsIconic(Window window) = 0;
+  virtual bool IsZoomed(Window window) = 0;
   virtual std::string ClassOf(Window window) = 0;
   virtual ProcessId ProcessOf(Window window) = 0;
   virtual Rect PlaceOf(Window window) = 0;  // in screen pixels
+  // The same in the pixels of its parent's client area, as Place takes it.
+  virtual Rect PlaceInParent(Window window) = 0;
+  // Inside of frame, title and menu bar; nothing for an iconic window.
+  virtual Size ClientSizeOf(Window window) = 0;
 
   // --- Messages ------------------------------------------------------------------------------
 
@@ -79,7 +91,18 @@ class WindowSystem {
   virtual Window Focus() = 0;  // the window with the focus in the foreground process, or 0
   virtual void BringToTop(Window window) = 0;
   virtual void SetParent(Window window, Window parent) = 0;
-  virtual void Place(Window window, const Rect& place) = 0;  // in the parent's pixels
+  // In the parent's pixels; the order of the siblings and the activation stay as they are. The
+  // window is told by kMove and kSize, with the place and size of its client area, where these
+  // change.
+  virtual void Place(Window window, const Rect& place) = 0;
+  // The same, and to the top of its siblings: a child gets kChildActivate first, a visible
+  // top-level window is activated.
+  virtual void PlaceOnTop(Window window, const Rect& place) = 0;
+  virtual void Resize(Window window, Size size) = 0;  // outer; place and order stay
+  // Stops all drawing in a window and in what stands in it, of whatever process, until the lock
+  // goes; then the window is drawn anew. nullptr if the window is dead or any window of the system
+  // is locked: there is one such lock.
+  virtual std::unique_ptr<UpdateLock> LockUpdates(Window window) = 0;
   // Makes `window` owned by `owner`, also across processes: it stays above it and dies with it.
   virtual void SetOwner(Window window, Window owner) = 0;
   virtual void SetTopMost(Window window) = 0;
@@ -87,8 +110,12 @@ class WindowSystem {
   virtual void EndDialog(Window dialog, int result) = 0;
   // Activates the top-level window with this caption (whole, else as a beginning). False: none.
   virtual bool ActivateByCaption(std::string_view caption) = 0;
-  // Types the key with this virtual code at whatever window has the focus.
+  // Types the key with this virtual code at whatever window has the focus by then: each of its
+  // messages finds that out when it is taken, so a key may move the focus that the next one meets.
   virtual void TypeKey(int virtualKey) = 0;
+  // The same with Control held, whose own key goes down before and up behind. The character is what
+  // the system makes of both (10 for Enter).
+  virtual void TypeControlKey(int virtualKey) = 0;
 };
 
 }  // namespace corvel

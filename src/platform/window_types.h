@@ -57,8 +57,11 @@ inline constexpr MessageId kEnable = 0x000A;
 inline constexpr MessageId kSetText = 0x000C;
 inline constexpr MessageId kGetText = 0x000D;
 inline constexpr MessageId kGetTextLength = 0x000E;
+inline constexpr MessageId kPaint = 0x000F;
 inline constexpr MessageId kClose = 0x0010;
+inline constexpr MessageId kEraseBackground = 0x0014;
 inline constexpr MessageId kShowWindow = 0x0018;
+inline constexpr MessageId kChildActivate = 0x0022;
 inline constexpr MessageId kNcDestroy = 0x0082;
 inline constexpr MessageId kEditSetSelection = 0x00B1;  // from wParam to lParam
 inline constexpr MessageId kKeyDown = 0x0100;
@@ -103,6 +106,7 @@ inline constexpr int kNormal = 1;
 inline constexpr int kMaximized = 3;
 inline constexpr int kNoActivate = 4;
 inline constexpr int kShow = 5;
+inline constexpr int kMinimize = 6;
 inline constexpr int kRestore = 9;
 }  // namespace show
 

@@ -3,6 +3,7 @@
 #include "core/dialogs.h"
 #include "core/frmCV7.h"
 #include "core/main.h"
+#include "core/settings_shell.h"
 #include "shell/client_menu.h"
 
 namespace corvel {
@@ -52,20 +53,19 @@ void AccessModes::RowsChanged() {
   if (program_.g.AccessMode == 2) AddMenuToAOL();
 }
 
-void AccessModes::Remember(int mode, const char* name) {
+void AccessModes::Remember(int mode) {
   insteadOfTray_ = false;
-  program_.g.AccessMode = mode;
-  program_.store.WriteKey("Toolbar", "MenuAccess", name);
+  program_.settings.Toolbar.MenuAccess.Set(mode);
 }
 
 void AccessModes::HideAsTray() {
-  Remember(1, "Tray");
+  Remember(1);
   if (frmCV7* const central = Central()) central->Hide();
   AddTrayIcon();
 }
 
 void AccessModes::HideAsMenu() {
-  Remember(2, "Menu");
+  Remember(2);
   if (frmCV7* const central = Central()) central->Hide();
   AddMenuToAOL();
 }
@@ -87,7 +87,7 @@ void AccessModes::AddTrayIcon() {
            "menu bar mode.",
            style::kOk + style::kExclamation);
   // Not the key that the next start reads: it tries the tray again.
-  program_.store.WriteKey("Menu", "Access", "Menu");
+  program_.settings.Menu.Access.Set("Menu");
   if (program_.g.Closing || program_.g.AccessMode != 1) return;  // changed while the user read
   program_.g.AccessMode = 2;
   insteadOfTray_ = true;
@@ -129,7 +129,7 @@ void AccessModes::AddMenuToAOL() {
 
 void AccessModes::RemoveMenuFromAOL() {
   client_menu::Remove(program_);
-  program_.store.WriteKey("Toolbar", "MenuAccess", "Toolbar");
+  program_.settings.Toolbar.MenuAccess.SetForNextStart(0);
 }
 
 void AccessModes::ClientFrameEvents::OnMessage(HookedMessage& message, forms::SubClass& hook) {

@@ -50,7 +50,7 @@ class AccessModes : public Access {
   bool TilesAroundManager(std::uint32_t id);
   void BringListedWindowUp(std::uint32_t id);
   void RunClientMenuRow(std::uint32_t id);
-  void Remember(int mode, const char* name);
+  void Remember(int mode);
 
   Program& program_;
   AolClient& client_;

@@ -1,6 +1,7 @@
 #include "shell/client_menu.h"
 
 #include "base/text.h"
+#include "core/settings_shell.h"
 
 #include <algorithm>
 #include <iterator>

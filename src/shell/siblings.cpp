@@ -2,6 +2,7 @@
 
 #include "core/dialogs.h"
 #include "core/helpers.h"
+#include "core/settings_shell.h"
 
 namespace corvel {
 

@@ -3,13 +3,13 @@
 #include "base/text.h"
 #include "core/helpers.h"
 #include "core/looks.h"
+#include "core/settings_wavs.h"
 
 #include <algorithm>
 
 namespace corvel {
 namespace {
 
-constexpr const char* kDescriptionsSection = "Descriptions";
 constexpr int kColumns = 40, kLines = 3;
 constexpr int kSmallest = 300;  // twips: what is smaller could not be caught by the mouse any more
 
@@ -29,13 +29,13 @@ frmDescrip::frmDescrip(Program& program)
 void frmDescrip::Form_Load() {
   SetFormColor(program, *this);
   RestoreSize();
-  RestorePlace(program, *this, kDescriptionsSection);
+  RestorePlace(program, *this, program.settings.Descriptions.Place);
   Form_Resize();
 }
 
 void frmDescrip::RestoreSize() {
-  const int width = IntVal(program.store.ReadKey(kDescriptionsSection, "Width"));
-  const int height = IntVal(program.store.ReadKey(kDescriptionsSection, "Height"));
+  const int width = program.settings.Descriptions.Width.Read();
+  const int height = program.settings.Descriptions.Height.Read();
   const Size screen = platform().display.ScreenSize();
   const int twips = platform().display.TwipsPerPixel();
   const Size letter = platform().display.TextExtent("n", {});
@@ -47,9 +47,9 @@ void frmDescrip::RestoreSize() {
 }
 
 void frmDescrip::Form_Move() {
-  SavePlace(program, *this, kDescriptionsSection);
-  program.store.WriteKey(kDescriptionsSection, "Width", std::to_string(Width()));
-  program.store.WriteKey(kDescriptionsSection, "Height", std::to_string(Height()));
+  SavePlace(*this, program.settings.Descriptions.Place);
+  program.settings.Descriptions.Width.Set(Width());
+  program.settings.Descriptions.Height.Set(Height());
 }
 
 void frmDescrip::Form_Resize() {

@@ -3,6 +3,7 @@
 #include "base/text.h"
 #include "core/dialogs.h"
 #include "core/looks.h"
+#include "core/settings_wavs.h"
 
 namespace corvel {
 
@@ -30,7 +31,7 @@ frmSendTo::frmSendTo(Program& p, const std::string& path, const std::string& nam
 
 void frmSendTo::Form_Load() {
   SetFormColor(program, *this);
-  txtHistory.SetText(Trim(program.store.ReadKey("SendTo", "Last")));
+  txtHistory.SetText(program.settings.SendTo.Last.Read());
   using namespace forms;
   Arrange(Column({Cell(lblWav, 60), Cell(lblWavFile, 60), Cell(lblTarget),
                   Row({Stretch(Cell(txtHistory, 45)), Cell(cmdBrowse, 12)}),

@@ -7,6 +7,7 @@
 #include "core/main.h"
 #include "core/menu_rows.h"
 #include "core/report_error.h"
+#include "core/settings_wavs.h"
 #include "wavlib/frmDescrip.h"
 #include "wavlib/garland_styles.h"
 #include "wavlib/wav_categories.h"
@@ -15,11 +16,6 @@
 #include <utility>
 
 namespace corvel {
-namespace {
-
-constexpr const char* kWavListSection = "Wav List";
-
-}  // namespace
 
 frmTabs::frmTabs(Program& program, AolClient& client, RoomVoice& voice)
     : ProgramForm(program, "frmTabs", "Wav List"),
@@ -137,23 +133,21 @@ void frmTabs::Form_Load() {
 void frmTabs::StartUp() {
   SetFormColor(program, *this);
   ArrangeControls();
-  RestorePlace(program, *this, kWavListSection);
-  chkGarland.SetValue(program.store.ReadKey(kWavListSection, "Garland") == "On" ? 1 : 0);
+  RestorePlace(program, *this, program.settings.WavList.Place);
+  chkGarland.SetValue(program.settings.WavList.Garland.Read() ? 1 : 0);
   chkGarland.onClick = [this] { chkGarland_Click(); };
   for (const std::string& name : CategoryNames(program)) cboList.AddItem(name);
   cboList.AddItem(kFavWavs);
   SelectDefaultCategory();
   WriteCount();
   SetOwner(program.g.hAOL);
-  randomGarland_ = program.store.ReadKey("Garland", "Random") == "Yes";
+  randomGarland_ = program.settings.Garland.Random.Read();
   if (randomGarland_) LoadGarlands();
   if (lstWav.ListIndex() < 0) SelectRow(0);
 }
 
 void frmTabs::SelectDefaultCategory() {
-  std::string name = Trim(program.store.ReadKey(kWavListSection, "Default Category"));
-  if (name.empty()) name = kAolDirectory;
-  SelectCategoryQuietly(cboList.FindString(-1, name));
+  SelectCategoryQuietly(cboList.FindString(-1, program.settings.WavList.DefaultCategory.Read()));
   cboList_Click();
 }
 
@@ -167,7 +161,7 @@ void frmTabs::LoadGarlands() {
   lstGarlandRnd.SetItems(std::move(styles));
 }
 
-void frmTabs::Form_Move() { SavePlace(program, *this, kWavListSection); }
+void frmTabs::Form_Move() { SavePlace(*this, program.settings.WavList.Place); }
 
 void frmTabs::Form_Unload() {
   if (frmDescrip* window = program.forms.Loaded<frmDescrip>()) window->Unload();
@@ -190,7 +184,7 @@ void frmTabs::cmdMin_Click() {
 void frmTabs::cboList_Click() {
   const std::string name = cboList.Text();
   // Before anything waits: a later choice, made in that wait, is the one that is to be kept then.
-  program.store.WriteKey(kWavListSection, "Default Category", name);
+  program.settings.WavList.DefaultCategory.Set(name);
   if (name == kFavWavs)
     ShowFavWavs();
   else

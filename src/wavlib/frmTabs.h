@@ -2,7 +2,7 @@
 // wavs are previewed, sent, described, renamed and thrown away.
 //
 // The window's own working stands in frmTabs.cpp, the procedures of its buttons and menus in
-// frmTabs_events.cpp.
+// frmTabs_categories.cpp and frmTabs_events.cpp.
 //
 // Whatever asks the user waits, and meanwhile he can go to another category, or close this window
 // and open a new one. So a procedure takes by value what it works on before it asks (ListedWav),
@@ -79,17 +79,16 @@ class frmTabs : public ProgramForm {
   bool Folded() const { return cmdMin.Caption() == "Max"; }
   void cmdMin_Click();
 
-  // --- Categories
+  // --- Categories (frmTabs_categories.cpp)
   void cmdNewCat_Click();
   void cmdEditCat_Click();
   void cmdDelCat_Click();
-  std::string AskFolder();
   bool HasCategory(const std::string& name) const;
   void ShowNewEntry(const std::string& name);
   void RenameEntry(const std::string& oldName, const std::string& name);
   void RemoveEntry(const std::string& name);
 
-  // --- Wavs and FavWavs
+  // --- Wavs and FavWavs (frmTabs_events.cpp)
   void lstWav_Click();
   void lstWav_DblClick();
   void lstWav_RightClick();
@@ -100,9 +99,9 @@ class frmTabs : public ProgramForm {
   void cmdFav_Click();
   void AddFavWav();
   void AddFavWavPath(const std::string& path);
-  void DelFavWav();
+  bool DelFavWav();  // the marked rows; true if this list shows that
   void AppendFavWav(const FavWav& wav);
-  bool RemoveFavWavs(const std::vector<FavWav>& gone);  // true if this list shows that
+  bool RemoveFavWavs(const std::vector<FavWav>& gone);
   void DropRows(const std::vector<FavWav>& gone);
   void RefreshFavWavs();
 

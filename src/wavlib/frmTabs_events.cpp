@@ -1,13 +1,12 @@
-// The procedures of the wav list's buttons and menus.
+// The procedures of the wav list's buttons and menus, but for those of its categories.
 #include "base/text.h"
 #include "core/dialogs.h"
 #include "core/helpers.h"
 #include "core/report_error.h"
+#include "core/settings_wavs.h"
 #include "wavlib/frmDescrip.h"
 #include "wavlib/frmEditDesc.h"
 #include "wavlib/frmTabs.h"
-#include "wavlib/path_check.h"
-#include "wavlib/wav_categories.h"
 #include "wavlib/wav_descriptions.h"
 #include "wavlib/wav_files.h"
 #include "wavlib/wav_following.h"
@@ -16,108 +15,6 @@
 #include <algorithm>
 
 namespace corvel {
-
-// --- Categories ----------------------------------------------------------------------------------
-
-// The chooser is in front of this window, which takes no clicks meanwhile.
-std::string frmTabs::AskFolder() {
-  SetEnabled(false);
-  const std::string folder = Lower(ChooseFolder(program, WavFolderQuestion()));
-  SetEnabled(true);
-  return folder;
-}
-
-bool frmTabs::HasCategory(const std::string& name) const {
-  if (const frmTabs* list = Standing()) return list->cboList.FindExact(name) >= 0;
-  const auto names = CategoryNames(program);
-  return name == kFavWavs || std::find(names.begin(), names.end(), name) != names.end();
-}
-
-void frmTabs::cmdNewCat_Click() {
-  const std::string folder = AskFolder();
-  if (folder.empty()) return;
-  const std::string name = InputBoxEx(
-      program,
-      "Enter a name this new Wav Category and click ~BOK~B.~N ~NPath for this Wav Category is: "
-      "~B~CB" +
-          folder);
-  if (name.empty()) return;
-  if (HasCategory(name)) {
-    MsgBoxEx(program,
-             "~B~CRCategory name already exists!~B~CN~N ~NPlease choose another name for this Wav "
-             "Category.",
-             style::kOk + style::kExclamation);
-    return;
-  }
-  if (!Reported(program, {"frmTabs", "cmdNewCat_Click"},
-                [&] { WriteCategory(program, name, folder); }))
-    return;
-  if (frmTabs* list = Standing()) list->ShowNewEntry(name);
-  CheckPath(program, name);
-}
-
-void frmTabs::ShowNewEntry(const std::string& name) {
-  cboList.AddItem(name, cboList.ListCount() - 1);
-  SelectCategoryQuietly(cboList.FindString(-1, name));
-  cboList_Click();
-}
-
-void frmTabs::cmdEditCat_Click() {
-  if (cboList.ListIndex() < 0) {
-    MsgBoxEx(program,
-             "~B~CRNo Category Name has been selected for editing.~B~CN~N ~NPlease select a "
-             "Category before attempting to use this function.",
-             style::kOk + style::kExclamation);
-    return;
-  }
-  const std::string oldName = cboList.Text(), folder = lblpath.Caption();
-  const std::string name = InputBoxEx(
-      program, "Below is the currently selected Category.  Make changes as necessary and click OK.",
-      oldName);
-  if (name.empty()) return;
-  // Written first and deleted then, also if the name hasn't changed: the entry is then gone at the
-  // next start.
-  if (!Reported(program, {"frmTabs", "cmdEditCat_Click"},
-                [&] { WriteCategory(program, name, folder); }))
-    return;
-  program.store.DeleteValue("Categories", oldName);
-  if (frmTabs* list = Standing()) list->RenameEntry(oldName, name);
-}
-
-void frmTabs::RenameEntry(const std::string& oldName, const std::string& name) {
-  const bool shown = cboList.Text() == oldName;
-  cboList.RemoveItem(cboList.FindExact(oldName));
-  const int row = cboList.AddItem(name, cboList.ListCount() - 1);
-  if (!shown) return;
-  SelectCategoryQuietly(row);
-  program.store.WriteKey("Wav List", "Default Category", name);
-}
-
-void frmTabs::cmdDelCat_Click() {
-  if (cboList.ListIndex() < 0) {
-    MsgBoxEx(program,
-             "~B~CRNo Category has been selected for deletion.~B~CN~N ~NPlese select a category "
-             "before attemping this function.",
-             style::kOk + style::kExclamation);
-    return;
-  }
-  const std::string name = cboList.Text();
-  if (!AskYesNo(program, "You are about to delete Wav Category ~B~CR" + name +
-                             ".~B~CN~N ~NThis action will ~Bnot~B delete actual wavs.~N ~NDo you "
-                             "wish to proceed?"))
-    return;
-  program.store.DeleteValue("Categories", name);
-  if (frmTabs* list = Standing()) list->RemoveEntry(name);
-}
-
-// A category that isn't the one in the list goes without a trace.
-void frmTabs::RemoveEntry(const std::string& name) {
-  const bool shown = cboList.Text() == name;
-  cboList.RemoveItem(cboList.FindExact(name));
-  if (!shown) return;
-  SelectCategoryQuietly(0);
-  cboList_Click();
-}
 
 // --- Wavs and FavWavs ----------------------------------------------------------------------------
 
@@ -177,7 +74,8 @@ void frmTabs::cmdDel_Click() {
     return;
   }
   if (InFavWavs) {
-    DelFavWav();
+    const int row = lstWav.ListIndex();
+    if (DelFavWav()) SelectRow(row);
     return;
   }
   const ListedWav wav = Current();
@@ -248,11 +146,10 @@ void frmTabs::AppendFavWav(const FavWav& wav) {
   list->WriteCount();
 }
 
-void frmTabs::DelFavWav() {
-  const int current = lstWav.ListIndex();
+bool frmTabs::DelFavWav() {
   std::vector<FavWav> gone;
   for (const int row : lstWav.SelectedRows()) gone.push_back({lstWav.List(row), List3.List(row)});
-  if (!gone.empty() && RemoveFavWavs(gone)) SelectRow(current);
+  return !gone.empty() && RemoveFavWavs(gone);
 }
 
 bool frmTabs::RemoveFavWavs(const std::vector<FavWav>& gone) {
@@ -301,7 +198,7 @@ void frmTabs::SendCurrentToText() {
 }
 
 void frmTabs::chkGarland_Click() {
-  program.store.WriteKey("Wav List", "Garland", chkGarland.Value() == 1 ? "On" : "Off");
+  program.settings.WavList.Garland.Set(chkGarland.Value() == 1);
 }
 
 void frmTabs::cmdFadeWav_Click() {
@@ -347,7 +244,7 @@ void frmTabs::EditWavDescrip() {
 
 void frmTabs::ToggleDescrip() {
   auto& settings = program.settings.Descriptions;
-  settings.Show = !settings.Show;
+  settings.Show.SetForThisRun(!settings.Show);
   if (!settings.Show) {
     lstWav.SetToolTip("");
     if (frmDescrip* window = program.forms.Loaded<frmDescrip>()) window->Hide();

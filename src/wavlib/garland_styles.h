@@ -2,7 +2,7 @@
 #pragma once
 
 #include "base/cp1252.h"
-#include "core/settings.h"
+#include "core/default_styles.h"
 
 #include <array>
 #include <string>

@@ -8,17 +8,13 @@
 #include <array>
 
 namespace corvel {
-namespace {
-
-constexpr std::string_view kCategoriesSection = "Categories";
-
-}  // namespace
 
 std::vector<std::string> CategoryNames(Program& program) {
-  if (auto names = program.store.Names(kCategoriesSection)) return *names;
-  program.store.WriteKey(kCategoriesSection, kAolDirectory, program.g.AOLPath);
-  program.store.WriteKey(kCategoriesSection, kWindowsDirectory, program.g.WinDir);
-  return program.store.Names(kCategoriesSection).value_or(std::vector<std::string>{});
+  CategoriesSettings& categories = program.settings.Categories;
+  if (auto names = categories.Names()) return *names;
+  categories.Write(kAolDirectory, program.g.AOLPath);
+  categories.Write(kWindowsDirectory, program.g.WinDir);
+  return categories.Names().value_or(std::vector<std::string>{});
 }
 
 std::string CategoryFolder(Program& program, std::string_view name) {
@@ -30,11 +26,11 @@ std::string CategoryFolder(Program& program, std::string_view name) {
 }
 
 std::string StoredFolder(Program& program, std::string_view name) {
-  return program.store.ReadKey(kCategoriesSection, name);
+  return program.settings.Categories.Read(name);
 }
 
 void WriteCategory(Program& program, std::string_view name, std::string_view folder) {
-  if (!program.store.WriteKey(kCategoriesSection, name, folder))
+  if (!program.settings.Categories.Write(name, folder))
     throw RunTimeError(err::kPathFileAccess);
 }
 
@@ -70,7 +66,7 @@ void CatsToReg(Program& program) {
     if (tab == std::string_view::npos) continue;
     const std::string name = Trim(line.substr(0, tab));
     if (name == kFavWavs) continue;
-    program.store.WriteKey(kCategoriesSection, name,
+    program.settings.Categories.Write(name,
                            files.ReadProfile(program.InFolder("corvel32.ini"), "Catagories", name));
   }
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "core/program.h"
+#include "core/settings_wavs.h"
 
 #include <string>
 #include <string_view>
@@ -10,7 +11,6 @@
 
 namespace corvel {
 
-inline constexpr std::string_view kAolDirectory = "AOL Directory";
 inline constexpr std::string_view kWindowsDirectory = "Windows Directory";
 inline constexpr std::string_view kFavWavs = "FavWavs";  // no folder, never in the settings
 

@@ -4,6 +4,7 @@
 #include "core/dialogs.h"
 #include "core/helpers.h"
 #include "core/report_error.h"
+#include "core/settings_wavs.h"
 #include "wavlib/frmSendTo.h"
 #include "wavlib/list_output.h"
 #include "wavlib/path_check.h"
@@ -96,7 +97,7 @@ std::optional<std::string> SendWavTo(Program& program, forms::Form& owner, const
   if (folder.ends_with('\\')) folder.pop_back();
   const std::string target = folder + "\\" + wav.name + ".wav";
   if (!Transfer(program, wav.path, target, move)) return std::nullopt;
-  program.store.WriteKey("SendTo", "Last", folder);
+  program.settings.SendTo.Last.Set(folder);
   return move ? target : wav.path;
 }
 

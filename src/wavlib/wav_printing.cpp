@@ -2,6 +2,7 @@
 
 #include "core/dialogs.h"
 #include "core/report_error.h"
+#include "core/settings_wavs.h"
 #include "wavlib/list_output.h"
 #include "wavlib/wav_descriptions.h"
 
@@ -35,7 +36,7 @@ std::vector<std::string> PrintedLines(const std::vector<std::string>& names, boo
 void PrintToPrinter(Program& program, const WavListing& listing) {
   const auto font = AskRowFont(program);
   if (!font) return;
-  const bool oneEach = program.settings.WavList.PrintDirection == "1";
+  const bool oneEach = program.settings.WavList.PrintsOneALine;
   const auto lines = PrintedLines(listing.names, oneEach);
   Print(program, "Wav List for Catgory: " + listing.category, [&](PrintJob& job) {
     for (const std::string& line : lines) job.Line(line, *font);

@@ -4,6 +4,9 @@
 #include "core/dialogs.h"
 #include "core/helpers.h"
 #include "core/report_error.h"
+#include "core/settings_fader.h"
+#include "core/settings_im.h"
+#include "core/settings_wavs.h"
 #include "voice/clipboard_paste.h"
 #include "wavlib/garland_styles.h"
 #include "wavlib/sound_code.h"
@@ -86,12 +89,10 @@ std::string WavSender::RoomLine(const std::string& name, const GarlandChoice& ga
            "selected ~I(shown below)~I is not a valid Garland Style. Corvel will now default to "
            "the original Garland style.~N ~N~BInvalid Style:~B " +
                style);
-  std::string& current = program_.settings.Garland.Current;
-  current = kDefaultGarland;
-  program_.store.WriteKey("Garland", "Current", current);
+  program_.settings.Garland.Current.Set(std::string(kDefaultGarland));
   // The left part of the invalid style never comes to be, and the right part is cut where the
   // missing placeholder would have stood: this line shows that something was wrong.
-  const StyleParts parts = PartsAfterInvalidStyle(current);
+  const StyleParts parts = PartsAfterInvalidStyle(kDefaultGarland);
   return parts.left + code + "}" + parts.right;
 }
 

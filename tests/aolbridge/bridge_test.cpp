@@ -1,5 +1,6 @@
 // Every operation of the bridge against the practice client, in all its versions and countries.
 #include "base/text.h"
+#include "core/settings_shell.h"
 #include "tests/aolbridge/clients.h"
 
 #include <algorithm>
@@ -144,7 +145,7 @@ TEST(Bridge, KeywordsGoToTheClientWhateverTheyAre) {
   Bridge bridge({});
   bridge.Identify();
   bridge.Do([](AolClient& client, Program& p) {
-    p.settings.General.UseExternalBrowser = true;
+    p.settings.General.UseExternalBrowser.SetForThisRun(true);
     client.RunKeyword("http://example.com/a");
   });
   bridge.desk.RunFor(500);

@@ -223,6 +223,7 @@ TEST_F(FoundWavTest, GoesToTheRecycleBinIfTheUserWantsIt) {
               "~BDelete ~CRC:\\AOL\\boing.wav~CN ?~B~N ~NWould you like to send the above wav to "
               "the Windows Recycle Bin?");
     EXPECT_FALSE(desk_.peers().Forms().front().state->enabled) << "the message waits";
+    EXPECT_TRUE(desk_.peers().FindForm("frmMsg")->state->topMost);
   });
   ThenClick("frmMsg", "Command1", 1);  // No
   ThenExpectEnabled(true);

@@ -4,6 +4,9 @@
 #include "core/looks.h"
 #include "core/main.h"
 #include "core/not_built.h"
+#include "core/settings_im.h"
+#include "core/settings_mail.h"
+#include "core/settings_shell.h"
 #include "core/start_checks.h"
 #include "tests/core/core_fixture.h"
 
@@ -33,33 +36,36 @@ TEST_F(HelpersTest, AFormIsPulledBackOnTheScreen) {
   };
   As([&] {
     auto form = program_->forms.LoadNew<PlacedForm>(*program_);
+    PlaceSetting& place = program_->settings.Clock.Place;
     for (const Case& c : cases) {
-      program_->store.DeleteSection("Test");
-      if (*c.left) program_->store.WriteKey("Test", "Left", c.left);
-      if (*c.top) program_->store.WriteKey("Test", "Top", c.top);
-      RestorePlace(*program_, *form, "Test");
+      program_->store.DeleteSection("Clock");
+      if (*c.left) program_->store.WriteKey("Clock", "Left", c.left);
+      if (*c.top) program_->store.WriteKey("Clock", "Top", c.top);
+      RestorePlace(*program_, *form, place);
       EXPECT_EQ(form->Left(), c.atLeft) << c.left << "," << c.top;
       EXPECT_EQ(form->Top(), c.atTop) << c.left << "," << c.top;
     }
-    SavePlace(*program_, *form, "Test");
+    SavePlace(*form, place);
   });
-  EXPECT_EQ(program_->store.ReadKey("Test", "Left"), "4500");
-  EXPECT_EQ(program_->store.ReadKey("Test", "Top"), "3750");
+  EXPECT_EQ(program_->store.ReadKey("Clock", "Left"), "4500");
+  EXPECT_EQ(program_->store.ReadKey("Clock", "Top"), "3750");
 }
 
 TEST_F(HelpersTest, DateAndTimeAreTextByTheUsersFormat) {
   desk_.SetWallClock({1999, 11, 21, 20, 15, 0, 0});
   desk_.SetTimeZone("Eastern Standard Time");
   auto& mail = program_->settings.EMail;
-  const std::pair<const char*, const char*> dates[] = {
-      {"1", "Sunday, November 21, 1999"}, {"2", "11/21/99"}, {"", ""}};
-  for (const auto& [format, expected] : dates) {
-    mail.DateFormat = format;
+  const std::pair<DateStyle, const char*> dates[] = {
+      {DateStyle::kLong, "Sunday, November 21, 1999"},
+      {DateStyle::kShort, "11/21/99"},
+      {DateStyle::kNone, ""}};
+  for (const auto& [style, expected] : dates) {
+    mail.DateFormat.SetForThisRun(style);
     EXPECT_EQ(BuildDate(*program_), expected);
   }
-  mail.IncludeTimeZone = true;
+  mail.IncludeTimeZone.SetForThisRun(true);
   EXPECT_EQ(BuildTime(*program_), "8:15:00 PM Eastern Standard Time");
-  mail.IncludeTimeZone = false;
+  mail.IncludeTimeZone.SetForThisRun(false);
   EXPECT_EQ(BuildTime(*program_), "8:15:00 PM");
 }
 
@@ -141,7 +147,9 @@ TEST_F(HelpersTest, ButtonsAreColouredByLookAndCountry) {
       {2, {}, true, 11, 192, 0xFFFFFF},
   };
   auto& colors = program_->settings.UserColors;
-  colors.WindowColor = 11, colors.ButtonForecolor = 22, colors.ButtonText = 33;
+  colors.WindowColor.SetForThisRun(11);
+  colors.ButtonForecolor.SetForThisRun(22);
+  colors.ButtonText.SetForThisRun(33);
   As([&] {
     auto form = program_->forms.LoadNew<ButtonForm>(*program_);
     for (const Case& c : cases) {
@@ -177,7 +185,7 @@ struct StoppingIMs : NoInstantMessages {
 
 // The user answers "stop" while an earlier way down waits: that one won't come to its end.
 TEST_F(HelpersTest, WhoeverStopsTheProgramOnItsWayDownGivesAllBackFirst) {
-  program_->settings.IM.TabsOn = true;
+  program_->settings.IM.TabsOn.SetForThisRun(true);
   CountedAccess access;
   StoppingIMs ims([&] {
     EXPECT_THROW(StopProgram(*program_), ProcessExit);
@@ -194,7 +202,7 @@ TEST_F(HelpersTest, WhoeverStopsTheProgramOnItsWayDownGivesAllBackFirst) {
 }
 
 TEST_F(HelpersTest, NothingThatAFeatureFailsAtStrandsTheWayDown) {
-  program_->settings.IM.TabsOn = true;
+  program_->settings.IM.TabsOn.SetForThisRun(true);
   CountedAccess access;
   StoppingIMs ims([] {});
   program_->hub.access = &access;

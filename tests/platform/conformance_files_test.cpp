@@ -190,6 +190,46 @@ TEST_F(FilesTest, DrivesAreTold) {
   EXPECT_EQ(files.DriveState("Q:\\x"), 68);
 }
 
+TEST_F(FilesTest, DrivesHaveKinds) {
+  const std::pair<char, DriveKind> kTable[] = {{'B', DriveKind::kFloppy},
+                                               {'R', DriveKind::kRemovable},
+                                               {'F', DriveKind::kFixed},
+                                               {'N', DriveKind::kNetwork},
+                                               {'M', DriveKind::kCd}};
+  EXPECT_EQ(files.DriveKindOf("C:\\x"), DriveKind::kFixed);
+  EXPECT_EQ(files.DriveKindOf("Q:"), DriveKind::kNone);
+  for (const auto& [letter, kind] : kTable) {
+    home->SetDrive(letter, kind, true);
+    const std::string drive{letter, ':'}, file = drive + "\\a.txt";
+    EXPECT_EQ(files.DriveKindOf(drive + "\\"), kind) << letter;
+    EXPECT_EQ(files.DriveKindOf(Lower(drive)), kind) << letter;
+    EXPECT_EQ(files.DriveState(drive), 0) << letter;
+    files.Write(file, drive);
+    EXPECT_EQ(files.Read(file), drive) << letter;
+    const auto drives = files.Drives();
+    EXPECT_NE(std::find(drives.begin(), drives.end(), Lower(drive)), drives.end()) << letter;
+  }
+  files.Rename("B:\\a.txt", At("b.txt"));
+  EXPECT_EQ(files.Read(At("b.txt")), "B:");
+}
+
+TEST_F(FilesTest, ADriveWithoutADiskHasItsKindAndIsNotReady) {
+  files.Write(At("a.txt"), "a");
+  home->SetDrive('G', DriveKind::kRemovable, false);
+  EXPECT_EQ(files.DriveKindOf("g:"), DriveKind::kRemovable);
+  EXPECT_EQ(files.DriveState("g:"), 68);
+  EXPECT_FALSE(files.IsFolder("G:\\"));
+  EXPECT_FALSE(files.Exists("G:\\*.*"));
+  const std::function<void()> kRefused[] = {[&] { files.Read("G:\\x"); },
+                                            [&] { files.Write("G:\\x", "x"); },
+                                            [&] { files.Append("G:\\x", "x"); },
+                                            [&] { files.MakeFolder("G:\\styles"); },
+                                            [&] { files.Copy(At("a.txt"), "G:\\x"); },
+                                            [&] { files.Copy("G:\\x", At("b.txt")); },
+                                            [&] { files.Delete("G:\\x"); }};
+  for (const auto& call : kRefused) EXPECT_EQ(ErrorOf(call), 71) << &call - kRefused;
+}
+
 TEST_F(FilesTest, ProfileFilesKeepWhatTheyDoNotChange) {
   const std::string file = At("desc1.dat");
   EXPECT_EQ(files.ReadProfile(file, "Data", "boing"), "");

@@ -71,6 +71,18 @@ TEST_F(HooksTest, SeeListedMessagesBeforeTheWindowAndMayConsumeThem) {
   EXPECT_EQ(hook.own.size(), 4u);
 }
 
+TEST_F(HooksTest, SeeControlAndTheKeyThatIsTypedWithIt) {
+  const Window box = Make("box", Make("frame"));
+  Hook hook;
+  const HookId id = Attach(box, hook, {wm::kKeyDown, wm::kChar, wm::kKeyUp});
+  windows.SetFocus(box);
+  windows.TypeControlKey(13);
+  home->RunFor(20);
+  EXPECT_EQ(hook.own, (Log{"hook:keydown(17)", "hook:keydown(13)", "hook:char(10)",
+                           "hook:keyup(13)", "hook:keyup(17)"}));
+  hooks.Detach(id);
+}
+
 TEST_F(HooksTest, RunNewestFirstUntilOneConsumes) {
   const Window box = Make("box");
   Hook older, newer;

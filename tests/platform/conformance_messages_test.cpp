@@ -125,6 +125,29 @@ TEST_F(Messages, KeysGoToTheFocus) {
                                   "edit:keydown(38)", "edit:keyup(38)"}));
 }
 
+TEST_F(Messages, OfAKeyWithControlBeginAndEndWithControls) {
+  const Window frame = Make("frame"), edit = Make("edit", frame, "EDIT");
+  other.Record({wm::kKeyDown, wm::kChar, wm::kKeyUp});
+  windows.SetFocus(edit);
+  const struct {
+    int key;
+    const char* character;  // "" if it types none
+  } kTable[] = {{13, "10"}, {8, "127"},  {9, ""},   {27, "27"}, {32, "32"},
+                {'A', "1"}, {'Z', "26"}, {'0', ""}, {0x26, ""}};
+  for (const auto& row : kTable) {
+    windows.TypeControlKey(row.key);
+    home->RunFor(20);
+    const std::string key = std::to_string(row.key);
+    Log expected{"edit:keydown(17)", "edit:keydown(" + key + ")"};
+    if (*row.character) expected.push_back(std::string("edit:char(") + row.character + ")");
+    expected.insert(expected.end(), {"edit:keyup(" + key + ")", "edit:keyup(17)"});
+    EXPECT_EQ(other.TakeLog(), expected) << row.key;
+  }
+  windows.TypeKey(13);
+  home->RunFor(20);
+  EXPECT_EQ(other.TakeLog(), (Log{"edit:keydown(13)", "edit:char(13)", "edit:keyup(13)"}));
+}
+
 TEST_F(Messages, PostedToAnotherProcessComeInOrder) {
   const Window a = Make("a"), b = Make("b");
   other.Record({wm::kUser});

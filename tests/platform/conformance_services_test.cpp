@@ -93,8 +93,11 @@ TEST_F(Services, AWindowHasOneIconInTheTrayIfThereIsATaskbar) {
   home->Run([&] {
     const Window owner = OurWindow(procedure);
     for (int i = 0; i < 2; ++i) {
+      EXPECT_FALSE(shell.ChangeTrayIcon(owner, TrayPicture::kImsOff));
       EXPECT_EQ(shell.AddTrayIcon(owner, wm::kUser + 5, "Corvel 32"), home->HasTaskbar());
       EXPECT_FALSE(shell.AddTrayIcon(owner, wm::kUser + 5, "again"));
+      for (const TrayPicture picture : {TrayPicture::kImsOff, TrayPicture::kNormal})
+        EXPECT_EQ(shell.ChangeTrayIcon(owner, picture), home->HasTaskbar());
       shell.RemoveTrayIcon(owner);
       shell.RemoveTrayIcon(owner);
     }
@@ -192,6 +195,15 @@ TEST_F(Services, TheClocksGoOnTogether) {
   EXPECT_NEAR(static_cast<double>(MillisecondsFromCivil(platform.clock.Now()) - wall), ticks, 300);
   EXPECT_EQ(CutAtNul(platform.clock.TimeZoneName()), platform.clock.TimeZoneName());
   EXPECT_NE(platform.clock.TimeZoneName(), "");
+}
+
+// The machines that this runs on are set to the US; only how many digits a year has is their own.
+TEST_F(Services, DatesAndTimesAreTextAsTheUserHasThem) {
+  const CivilTime time{1999, 11, 21, 20, 15, 0, 0};
+  EXPECT_EQ(platform.clock.DateText(time, DateForm::kLong), "Sunday, November 21, 1999");
+  const std::string shortDate = platform.clock.DateText(time, DateForm::kShort);
+  EXPECT_TRUE(shortDate == "11/21/99" || shortDate == "11/21/1999") << shortDate;
+  EXPECT_EQ(platform.clock.TimeText(time), "8:15:00 PM");
 }
 
 TEST_F(Services, APumpComesBackInTime) {

@@ -91,11 +91,28 @@ class DeskHome : public Home {
   std::string CommandLine() override { return "--as started"; }
   bool IsSeenByAnotherInstance() override;
   bool HasTaskbar() override { return true; }
+  void SetDrive(char letter, DriveKind kind, bool hasDisk) override {
+    desk.files().SetDrive(letter, kind, hasDisk);
+  }
+  std::string Serve(const std::string& path, const std::string& text) override {
+    return Answer(path, {.text = text});
+  }
+  std::string SilentAddress() override {
+    return Answer("/silent", {.text = "too late", .afterMs = 3'600'000});
+  }
+  std::string DeadAddress() override {
+    return Answer("/dead", {.error = web_error::kCannotConnect});
+  }
   void SetPrinter(bool isThere) override { desk.services().SetPrinter(isThere, isThere); }
   Log Printed() override;
 
   // The windows keep their procedure until the desk has gone, so it comes last to go.
  private:
+  std::string Answer(const std::string& path, desk::WebAnswer answer) {
+    desk.services().webTable().Set(path, std::move(answer));
+    return "http://server" + path;
+  }
+
   std::unique_ptr<DeskOther> other_;
   std::unique_ptr<DeskUser> user_;
   std::string held_;

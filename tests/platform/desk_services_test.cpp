@@ -63,6 +63,9 @@ TEST_F(ServicesTest, ATrayIconSendsItsMouseMessages) {
   EXPECT_FALSE(services.TrayMouse(wm::kLButtonDown));
   shell.AddTrayIcon(owner, wm::kUser + 5, "Corvel 32");
   EXPECT_EQ(services.TrayIcons(), std::vector<std::string>{"Corvel 32"});
+  EXPECT_EQ(services.ShownInTray(), TrayPicture::kNormal);
+  shell.ChangeTrayIcon(owner, TrayPicture::kImsOff);
+  EXPECT_EQ(services.ShownInTray(), TrayPicture::kImsOff);
   EXPECT_TRUE(services.TrayMouse(wm::kRButtonDown));
   desk().RunDue();
   EXPECT_EQ(log.seen, std::vector<LParam>{wm::kRButtonDown});
@@ -71,6 +74,28 @@ TEST_F(ServicesTest, ATrayIconSendsItsMouseMessages) {
   EXPECT_TRUE(services.TrayIcons().empty());
   services.SetTaskbar(false);
   EXPECT_FALSE(shell.AddTrayIcon(owner, wm::kUser + 5, "Corvel 32"));
+}
+
+TEST_F(ServicesTest, TheWebAnswersByPathAfterItsTime) {
+  services.webTable().Set("/ver", {.text = "9.1.0"});
+  services.webTable().Set("/down", {.text = "not told", .error = 12029, .afterMs = 1000});
+  const auto ask = [&](const char* address) {
+    const std::int64_t begin = desk().NowMs();
+    const auto request = system().web.Begin("agent", address);
+    while (!request->IsOver()) desk().Round(begin + 100'000);
+    return std::to_string(desk().NowMs() - begin) + ": " + std::to_string(request->Error()) +
+           request->Text();
+  };
+  EXPECT_EQ(ask("http://www.example.com/ver"), "200: 09.1.0");
+  EXPECT_EQ(ask("HTTP://localhost:80/ver?now"), "200: 09.1.0");
+  EXPECT_EQ(ask("http://a/down"), "1000: 12029");
+  EXPECT_EQ(ask("http://a"), "200: 12007");
+  services.webTable().Set("/silent", {.text = "too late", .afterMs = 3'600'000});
+  EXPECT_EQ(ask("http://a/silent"), "30000: 12002");
+  EXPECT_EQ(ask(""), "200: 12006");
+  services.webTable().Set("/", {.text = "home"});
+  EXPECT_EQ(ask("http://a"), "200: 0home");
+  EXPECT_EQ(Journal("web").size(), 7u);
 }
 
 TEST_F(ServicesTest, ThePrinterPrintsIntoTheJournal) {

@@ -1,6 +1,7 @@
 // What the desk's registry, drive and clipboard can do beyond the seam: faults, locks, the journal.
 #include "base/error.h"
 #include "platform/desk/desk_services.h"
+#include "platform/desk/desk_windows.h"
 #include "tests/platform/desk_home.h"
 #include "tests/platform/services_home.h"
 
@@ -94,12 +95,12 @@ TEST_F(DeskStageTest, AFaultHitsTheNthCallOnItsPathOnly) {
 }
 
 TEST_F(DeskStageTest, ADriveCanBeEmpty) {
-  drive.SetDriveState('D', 71);
-  EXPECT_EQ(files.DriveState("d:"), 71);
+  drive.SetDrive('D', DriveKind::kCd, false);
+  EXPECT_EQ(files.DriveState("d:"), 68);
   EXPECT_EQ(ErrorOf([&] { files.Read("D:\\x"); }), 71);
   EXPECT_FALSE(files.Exists("D:\\*.*"));
   EXPECT_FALSE(files.IsFolder("D:\\"));
-  drive.SetDriveState('D', 0);
+  drive.SetDrive('D', DriveKind::kCd);
   files.Write("D:\\x", "disc");
   EXPECT_EQ(files.Drives(), (Words{"a:", "c:", "d:"}));
 }
@@ -160,10 +161,38 @@ TEST(DeskOwnership, WhatAProcessHoldsIsTold) {
   home.Run([&] {
     home.platform().clipboard.Open({});
     home.platform().shell.AddTrayIcon(Window{99}, wm::kUser, "tip");
+    home.desk.files().Put("C:\\a.wav", WaveFile(1000));
+    home.platform().media.Send("open C:\\a.wav type WaveAudio alias a");
   });
-  EXPECT_EQ(home.desk.LeftOpen(home.program), (Words{"the clipboard", "a tray icon"}));
+  const Window theirs =
+      home.other().Make("w", {.className = "W", .caption = {}, .systemClass = {}});
+  std::unique_ptr<UpdateLock> lock;
+  home.Run([&] { lock = home.platform().windows.LockUpdates(theirs); });
+  EXPECT_EQ(home.desk.LeftOpen(home.program),
+            (Words{"the clipboard", "a tray icon", "the media device \"a\"",
+                   "a lock on the drawing of a window"}));
   home.desk.Kill(home.program);
   EXPECT_TRUE(home.desk.services().TrayIcons().empty());
+  EXPECT_EQ(home.desk.windows().LockedForUpdates(), Window{});
+  const auto second = home.platform().windows.LockUpdates(theirs);
+  lock.reset();
+  EXPECT_EQ(home.desk.windows().LockedForUpdates(), theirs) << "the lock of another is left alone";
+}
+
+TEST(DeskOwnership, MediaDevicesAreEachProcesssOwn) {
+  test::DeskHome home;
+  home.desk.files().Put("C:\\a.wav", WaveFile(1000));
+  const auto send = [&](ProcessId process, const char* command) {
+    std::uint32_t error = 0;
+    home.desk.RunAs(process, [&] { error = home.platform().media.Send(command).error; });
+    return error;
+  };
+  for (const ProcessId process : {home.program, home.otherId})
+    EXPECT_EQ(send(process, "open C:\\a.wav alias a"), 0u);
+  EXPECT_EQ(send(home.program, "close all"), 0u);
+  EXPECT_EQ(send(home.program, "status a length"), media_error::kNotOpen);
+  EXPECT_EQ(send(home.otherId, "status a length"), 0u);
+  EXPECT_EQ(send(home.otherId, "play a"), media_error::kUnsupported);
 }
 
 }  // namespace

@@ -92,6 +92,13 @@ class Home {
   // What PreviousInstance tells another process of the program.
   virtual bool IsSeenByAnotherInstance() = 0;
   virtual bool HasTaskbar() = 0;
+  // The machine gets this drive, with an empty disk or none in it, for the length of the test.
+  virtual void SetDrive(char letter, DriveKind kind, bool hasDisk) = 0;
+  // The address at which a web server, from now on, answers this; one that accepts every question
+  // and never answers; one where no server listens.
+  virtual std::string Serve(const std::string& path, const std::string& text) = 0;
+  virtual std::string SilentAddress() = 0;
+  virtual std::string DeadAddress() = 0;
   virtual void SetPrinter(bool isThere) = 0;
   // What has been printed on it, line by line.
   virtual std::vector<std::string> Printed() = 0;

@@ -8,7 +8,7 @@ tests=("${@:-tests/platform/conformance_*_test.cpp}")
 awk '
   BEGIN {
     called["ProcessMemory"] = "memory"; called["PrintJob"] = "job"
-    called["FormPeer"] = "formPeer"; called["ControlPeer"] = "peer"
+    called["FormPeer"] = "formPeer"; called["ControlPeer"] = "peer"; called["WebRequest"] = "request"
     split("WindowProcedure HookHandler ChatLineHandler ControlEvents FormEvents", names, " ")
     for (i in names) isAnswering[names[i]] = 1
   }

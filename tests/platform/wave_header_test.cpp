@@ -39,5 +39,19 @@ TEST(WaveHeader, ImpossibleNumbersAreNoTrap) {
   EXPECT_FALSE(ReadWaveHeader(hugeChunk));
 }
 
+TEST(WaveHeader, WhatIsToldHas32BitsAndASign) {
+  const struct {
+    std::uint32_t bytes, rate;
+    std::int32_t milliseconds;
+  } kTable[] = {{8003, 8000, 1000},     {8004, 8000, 1001},
+                {8000, 0, -1},          {0x7FFFFFFF, 8000, 268'435'456},
+                {0x7FFFFFFF, 100, -1},  {0xFFFFFFFF, 8000, 0},
+                {0xFFFFFFFF, 1, -1000}, {8000, 0xFFFFFFFF, -8'000'000}};
+  for (const auto& row : kTable)
+    EXPECT_EQ((WaveHeader{.bytesPerSecond = row.rate, .toldBytes = row.bytes}.ToldMilliseconds()),
+              row.milliseconds)
+        << row.bytes << " at " << row.rate;
+}
+
 }  // namespace
 }  // namespace corvel::desk

@@ -100,9 +100,8 @@ std::string WhyNever(const std::string& from, const std::string& to) {
   if (top == "src" && other != "src") return "the program knows nothing of what stands beside it";
   if (top == "practice" && other == "tools") return "the practice client knows no tool";
   if (top == "practice" && other == "src" && !IsSeam(to))
-    return "the practice client stands on the seam and shares nothing with the program, so that "
-           "each "
-           "checks the other";
+    return "the practice client stands on the seam and shares nothing with the program: each is to "
+           "check the other";
   return "";
 }
 

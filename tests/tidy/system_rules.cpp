@@ -27,9 +27,10 @@ const Words kMachine = {"cctype",     "chrono",  "cinttypes", "cstdio", "cstdlib
                         "ostream",    "random",  "sstream",   "thread", "unistd.h"};
 
 // Of Windows, with what its compiler's library has beside the standard.
-const Words kWindows = {"commctrl.h", "commdlg.h",  "cstdlib",    "float.h",
-                        "mmsystem.h", "shellapi.h", "sys/stat.h", "tlhelp32.h",
-                        "windows.h",  "windowsx.h", "winspool.h", "winver.h"};
+const Words kWindows = {"atomic",     "commctrl.h", "commdlg.h",  "cstdlib",    "float.h",
+                        "mmsystem.h", "new",        "shellapi.h", "sys/stat.h", "tlhelp32.h",
+                        "windows.h",  "windowsx.h", "wininet.h",  "winioctl.h", "winsock2.h",
+                        "winspool.h", "winver.h"};
 
 bool IsTestLibrary(const std::string& header) {
   return header.starts_with("gtest/") || header.starts_with("benchmark/");

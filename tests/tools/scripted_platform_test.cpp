@@ -2,10 +2,13 @@
 // scenarios hold, with the dialogs, menus, tray and printer of the script instead of the desk's.
 #include "tools/scripted_platform.h"
 
+#include "base/error.h"
 #include "platform/desk/desk_services.h"
 #include "tools/desk/desk_stage.h"
 #include "tools/scenario_player.h"
 
+#include <algorithm>
+#include <functional>
 #include <gtest/gtest.h>
 
 namespace corvel::tools {
@@ -36,6 +39,10 @@ class ScriptedStage : public DeskStage {
     script_.faults.FailCall(call, errorNumber, part);
   }
   void SetFreeSpace(std::int64_t bytes) override { script_.faults.SetFreeSpace(bytes); }
+  void SetDrive(char letter, DriveKind kind, bool hasDisk) override {
+    AddDrive(desk().platform().files, script_.drives, letter, {kind, hasDisk});
+  }
+  desk::WebTable& web() override { return script_.web; }
   Deed Start(const std::string& commandLine) override {
     script_.commandLine = commandLine;
     script_.previousInstance = ProgramRuns();
@@ -56,6 +63,62 @@ class ScriptedStage : public DeskStage {
   Script script_;
   ScriptedPlatform platform_{desk().platform(), desk().platform().clientLibrary, script_};
 };
+
+// What such a platform does with the drives, the web and the tray of its script.
+class ScriptedParts : public ::testing::Test {
+ protected:
+  ScriptedParts() {
+    script.note = [](std::string_view, const std::vector<std::string>&) {};
+    desk.files().PutFolder("C:\\Corvel");
+  }
+  int ErrorOf(const std::function<void()>& call) {
+    try {
+      call();
+      return 0;
+    } catch (const RunTimeError& error) {
+      return error.Number();
+    }
+  }
+  desk::Desk desk;
+  Script script;
+  ScriptedPlatform scripted{desk.platform(), desk.platform().clientLibrary, script};
+  Files& files = scripted.platform().files;
+};
+
+TEST_F(ScriptedParts, DrivesAreThoseOfTheScript) {
+  EXPECT_EQ(files.Drives(), (std::vector<std::string>{"a:", "c:"}));
+  EXPECT_EQ(files.DriveKindOf("A:\\"), DriveKind::kFloppy);
+  EXPECT_EQ(files.DriveState("a:"), 68);
+  EXPECT_EQ(ErrorOf([&] { files.Write("A:\\x", "x"); }), 71);
+  EXPECT_EQ(ErrorOf([&] { files.Copy("C:\\Corvel", "D:\\x"); }), 68);
+  for (const char letter : {'A', 'R'})
+    AddDrive(desk.platform().files, script.drives, letter, {DriveKind::kRemovable, true});
+  files.Write("A:\\x.dat", "on a");
+  files.MakeFolder("r:\\sub");
+  files.Copy("A:\\x.dat", "R:\\sub\\X.dat");
+  EXPECT_EQ(files.Read("r:\\SUB\\x.dat"), "on a");
+  EXPECT_EQ(files.Search("R:\\*").size(), 1u);
+  EXPECT_EQ(files.ShortPath("r:\\sub\\x.dat"), "R:\\SUB\\X.DAT");
+  EXPECT_EQ(ErrorOf([&] { files.Rename("R:\\sub", "C:\\Corvel\\sub"); }), 75);
+  EXPECT_EQ(ErrorOf([&] { files.Rename("R:\\sub\\x.dat", "C:\\Corvel\\x.dat"); }), 0);
+  EXPECT_FALSE(files.Exists("C:\\sub"));
+  AddDrive(desk.platform().files, script.drives, 'A', {DriveKind::kFloppy, false});
+  EXPECT_FALSE(files.Exists("A:\\x.dat"));
+}
+
+TEST_F(ScriptedParts, TheWebAndTheTrayAreTheScripts) {
+  script.web.Set("/ver", {.text = "9.1.0"});
+  const auto request = scripted.platform().web.Begin("agent", "http://server/ver");
+  desk.RunFor(199);
+  EXPECT_FALSE(request->IsOver());
+  desk.RunFor(1);
+  EXPECT_EQ(request->Text(), "9.1.0");
+  Shell& shell = scripted.platform().shell;
+  EXPECT_FALSE(shell.ChangeTrayIcon(Window{7}, TrayPicture::kImsOff));
+  EXPECT_TRUE(shell.AddTrayIcon(Window{7}, wm::kUser, "tip"));
+  EXPECT_TRUE(shell.ChangeTrayIcon(Window{7}, TrayPicture::kImsOff));
+  EXPECT_EQ(script.trayIcon->picture, TrayPicture::kImsOff);
+}
 
 bool Has(const std::vector<std::string>& list, const char* word) {
   return std::find(list.begin(), list.end(), word) != list.end();

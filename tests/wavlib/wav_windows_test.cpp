@@ -1,26 +1,18 @@
 // What a scenario can't see or can't time: the printer, and what happens in the middle of a send.
 #include "base/cp1252.h"
+#include "base/error.h"
 #include "core/settings_store.h"
-#include "platform/desk/desk_services.h"
-#include "platform/desk/desk_windows.h"
-#include "tools/desk/desk_stage.h"
+#include "tests/wavlib/evening.h"
 #include "tools/scenario_player.h"
-#include "tools/user.h"
+#include "voice/give_back.h"
 
 #include <algorithm>
-#include <cstdint>
-#include <deque>
-#include <functional>
-#include <gtest/gtest.h>
-#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
 namespace corvel {
 namespace {
-
-using Texts = std::vector<std::string>;
 
 // --- The printer ---------------------------------------------------------------------------------
 
@@ -65,38 +57,9 @@ TEST(Printer, Descriptions) {
 
 // --- The middle of a send ------------------------------------------------------------------------
 
-// The user's deeds by the clock, also while the program waits.
-class Script : public desk::Agent {
- public:
-  explicit Script(desk::Desk& desk) : desk_(desk) {}
-  // So many milliseconds behind the deed before it.
-  void Then(std::int64_t ms, std::function<void()> deed) {
-    end_ += ms;
-    deeds_.emplace_back(end_, std::move(deed));
-  }
-  void Run() {
-    while (desk_.NowMs() < end_ + 2000) desk_.Round(end_ + 2000);
-  }
-  bool Act() override {
-    if (deeds_.empty() || deeds_.front().first > desk_.NowMs()) return false;
-    const auto deed = std::move(deeds_.front().second);
-    deeds_.pop_front();
-    deed();
-    return true;
-  }
-  std::optional<std::int64_t> NextActAt() override {
-    return deeds_.empty() ? std::nullopt : std::optional(deeds_.front().first);
-  }
-
- private:
-  desk::Desk& desk_;
-  std::int64_t end_ = 0;
-  std::deque<std::pair<std::int64_t, std::function<void()>>> deeds_;
-};
-
 // The program beside a client in a room, its fader on, and the wav list open with a wav that has a
 // description.
-class Sending : public testing::Test {
+class Sending : public Evening {
  protected:
   Sending() {
     SettingsStore store(desk().registry());
@@ -106,7 +69,6 @@ class Sending : public testing::Test {
     store.WriteKey("Fader", "On", "True");
     stage_.PutWave("C:\\Wavs\\a.wav", 1);
     desk().files().Put("C:\\Corvel\\data\\desc1.dat", "[Data]\r\na=first\r\n");
-    desk().SetAgent(&script_);
     stage_.PutClient();
     script_.Then(500, [this] { stage_.StartProgram(""); });
     Client(5000, {"room", "Lobby", "Ann"});
@@ -114,24 +76,6 @@ class Sending : public testing::Test {
     script_.Then(100, [this] { EXPECT_EQ(user_.Choose({"Wav List"}), ""); });
     script_.Then(500, [this] { hooksBefore_ = Hooks(); });
   }
-  ~Sending() override { desk().SetAgent(nullptr); }
-
-  desk::Desk& desk() { return stage_.desk(); }
-
-  void Client(std::int64_t ms, const Texts& words) {
-    script_.Then(ms, [this, words] {
-      desk().RunAs(stage_.ClientProcess(), [&] { stage_.Client()->Do(words); });
-    });
-  }
-  void Click(std::int64_t ms, const std::string& name) {
-    script_.Then(ms, [this, name] {
-      std::string why;
-      const auto control = user_.FindControl(name, why);
-      ASSERT_TRUE(control) << why;
-      EXPECT_EQ(stage_.hand().Click(control->window).refusal, "") << name;
-    });
-  }
-  void Look(std::int64_t ms, std::function<void()> look) { script_.Then(ms, std::move(look)); }
 
   std::size_t Lines() {
     const auto& entries = desk().journal().Entries();
@@ -144,9 +88,6 @@ class Sending : public testing::Test {
     return reply.answers.empty() ? "(" + reply.error + ")" : reply.answers.front();
   }
 
-  tools::DeskStage stage_{1};
-  tools::User user_{stage_};
-  Script script_{desk()};
   std::size_t hooksBefore_ = 0;
 };
 
@@ -233,48 +174,109 @@ class CommandRecorder : public WindowProcedure {
  public:
   explicit CommandRecorder(OwnWindows& windows) : windows_(windows) {}
   MessageResult OnMessage(Window window, const Message& message) override {
-    if (message.id == wm::kCommand) commands.emplace_back(window, message.wParam);
+    if (message.id == wm::kCommand) {
+      commands.emplace_back(window, message.wParam);
+      if (onCommand) onCommand();
+    }
     return windows_.Default(window, message);
   }
   std::vector<std::pair<Window, WParam>> commands;
+  std::function<void()> onCommand;
 
  private:
   OwnWindows& windows_;
 };
 
+// Windows of the client's that a test makes itself.
+class StandIns : public Sending {
+ protected:
+  Window Make(const char* className, const char* caption, Window parent) {
+    Window made;
+    desk().RunAs(stage_.ClientProcess(), [&] {
+      NewWindow window;
+      window.className = className;
+      window.caption = caption;
+      window.parent = parent;
+      window.mdiChild = parent == Mdi();
+      made = windows_.Create(window, recorder_);
+    });
+    return made;
+  }
+  void Destroy(Window window) {
+    desk().RunAs(stage_.ClientProcess(), [&] { windows_.Destroy(window); });
+  }
+  Window Mdi() { return stage_.Client()->Mdi(); }
+
+  OwnWindows& windows_ = desk().platform().ownWindows;
+  CommandRecorder recorder_{windows_};
+};
+
 // An IM that the manager has taken in is no child of the client's any more: it lies in a picture
 // box of the manager's window, the one on top first.
-TEST_F(Sending, ManagedIMOnTopTakesTheCodeInItsSecondTextBox) {
-  OwnWindows& windows = desk().platform().ownWindows;
-  CommandRecorder recorder(windows);
+TEST_F(StandIns, ManagedIMOnTopTakesTheCodeInItsSecondTextBox) {
   Window manager, entry;
   Look(0, [&] {
-    desk().RunAs(stage_.ClientProcess(), [&] {
-      const auto make = [&](const char* className, const char* caption, Window parent) {
-        NewWindow window;
-        window.className = className;
-        window.caption = caption;
-        window.parent = parent;
-        window.mdiChild = parent == stage_.Client()->Mdi();
-        return windows.Create(window, recorder);
-      };
-      manager = make("AOL Child", "Corvel IM Manager", stage_.Client()->Mdi());
-      const Window pictures = make("Picture", "", make("Picture", "", manager));
-      for (const char* person : {">Instant Message From: Ann", ">Instant Message From: Bob"}) {
-        const Window im = make("AOL Child", person, pictures);
-        make("RICHCNTL", "", im);
-        const Window box = make("RICHCNTL", "", im);
-        if (!entry) entry = box;
-      }
-    });
+    manager = Make("AOL Child", "Corvel IM Manager", Mdi());
+    const Window pictures = Make("Picture", "", Make("Picture", "", manager));
+    for (const char* person : {">Instant Message From: Ann", ">Instant Message From: Bob"}) {
+      const Window im = Make("AOL Child", person, pictures);
+      Make("RICHCNTL", "", im);
+      const Window box = Make("RICHCNTL", "", im);
+      if (!entry) entry = box;
+    }
   });
   Click(0, "frmTabs.cmdSend");
   Look(500, [&] {
-    EXPECT_EQ(recorder.commands, (std::vector<std::pair<Window, WParam>>{{entry, 20003}}));
+    EXPECT_EQ(recorder_.commands, (std::vector<std::pair<Window, WParam>>{{entry, 20003}}));
     EXPECT_EQ(Lines(), 0U);
-    desk().RunAs(stage_.ClientProcess(), [&] { windows.Destroy(manager); });
+    Destroy(manager);
   });
   script_.Run();
+}
+
+// The clipboard is the user's again, whatever happens to it while the code is pasted from it.
+TEST_F(StandIns, ClipboardIsGivenBackAsSoonAsAnotherProgramLetsGoOfIt) {
+  Window mail;
+  Look(0, [&] {
+    mail = Make("AOL Child", "Re: sounds", Mdi());
+    Make("RICHCNTL", "", mail);
+    desk().clipboard().Put("AOLMAIL", "kept");
+    recorder_.onCommand = [this] {
+      EXPECT_EQ(desk().clipboard().Peek(""), "{S a}");
+      desk().clipboard().HoldOpenByStranger(true);
+    };
+  });
+  Click(0, "frmTabs.cmdSend");
+  Look(300, [this] { desk().clipboard().HoldOpenByStranger(false); });
+  Look(200, [&] {
+    EXPECT_EQ(desk().clipboard().Peek("AOLMAIL"), "kept");
+    EXPECT_EQ(desk().clipboard().Peek(""), std::nullopt);
+    Destroy(mail);
+  });
+  script_.Run();
+}
+
+TEST_F(StandIns, WhatTheUserHasCopiedMeanwhileStaysOnTheClipboard) {
+  Window mail;
+  Look(0, [&] {
+    mail = Make("AOL Child", "Re: sounds", Mdi());
+    Make("RICHCNTL", "", mail);
+    desk().clipboard().Put("AOLMAIL", "older");
+    recorder_.onCommand = [this] { desk().clipboard().Put("", "newer"); };
+  });
+  Click(0, "frmTabs.cmdSend");
+  Look(500, [&] {
+    EXPECT_EQ(desk().clipboard().Peek(""), "newer");
+    Destroy(mail);
+  });
+  script_.Run();
+}
+
+TEST(GivingBack, HappensOnEveryRoad) {
+  int given = 0;
+  AndGiveBack([] {}, [&] { ++given; });
+  EXPECT_THROW(AndGiveBack([] { throw ProcessExit{}; }, [&] { ++given; }), ProcessExit);
+  EXPECT_EQ(given, 2);
 }
 
 TEST_F(Sending, DescriptionWindowIsMovedByItsTextAndRemembersItsPlace) {

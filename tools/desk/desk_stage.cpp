@@ -56,6 +56,10 @@ std::optional<std::string> DeskStage::Peek(std::string_view path) {
 void DeskStage::FailFile(int call, int errorNumber, const std::string& part) {
   desk_.files().FailCall(call, errorNumber, part);
 }
+void DeskStage::SetDrive(char letter, DriveKind kind, bool hasDisk) {
+  desk_.files().SetDrive(letter, kind, hasDisk);
+}
+desk::WebTable& DeskStage::web() { return desk_.services().webTable(); }
 void DeskStage::SetFreeSpace(std::int64_t bytes) { desk_.files().SetFreeSpace(bytes); }
 void DeskStage::LockFile(std::string_view path, bool locked) { desk_.files().Lock(path, locked); }
 

@@ -39,6 +39,8 @@ class DeskStage : public Stage, private desk::Agent {
   void PutFile(std::string_view path, std::string_view bytes) override;
   void RemoveFile(std::string_view path) override;
   std::optional<std::string> Peek(std::string_view path) override;
+  void SetDrive(char letter, DriveKind kind, bool hasDisk) override;
+  desk::WebTable& web() override;
   void FailFile(int call, int errorNumber, const std::string& part) override;
   void SetFreeSpace(std::int64_t bytes) override;
   void LockFile(std::string_view path, bool locked) override;

@@ -47,15 +47,23 @@ class Win32Stage : public Stage {
   void SetTaskbar(bool present) override { script_.taskbar = present; }
   void NextDraws(const std::vector<double>& draws) override;
   Registry& registry() override { return home_.platform().registry; }
-  void PutFile(std::string_view path, std::string_view bytes) override { drive_.Put(path, bytes); }
-  void RemoveFile(std::string_view path) override { drive_.Remove(path); }
-  std::optional<std::string> Peek(std::string_view path) override { return drive_.Peek(path); }
+  void PutFile(std::string_view path, std::string_view bytes) override {
+    drive_.Put(RealPath(path), bytes);
+  }
+  void RemoveFile(std::string_view path) override { drive_.Remove(RealPath(path)); }
+  std::optional<std::string> Peek(std::string_view path) override {
+    return drive_.Peek(RealPath(path));
+  }
+  void SetDrive(char letter, DriveKind kind, bool hasDisk) override {
+    AddDrive(home_.platform().files, script_.drives, letter, {kind, hasDisk});
+  }
+  desk::WebTable& web() override { return script_.web; }
   void FailFile(int call, int errorNumber, const std::string& part) override {
     script_.faults.FailCall(call, errorNumber, part);
   }
   void SetFreeSpace(std::int64_t bytes) override { script_.faults.SetFreeSpace(bytes); }
   void LockFile(std::string_view path, bool locked) override {
-    drive_.Lock(std::string(path), locked);
+    drive_.Lock(RealPath(path), locked);
   }
 
   void ChangeClient() override;

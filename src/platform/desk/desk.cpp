@@ -46,7 +46,9 @@ void Desk::Impl::Wire() {
                             .printer = services->printer(),
                             .dialogs = services->dialogs(),
                             .clock = clock,
-                            .random = services->random()});
+                            .random = services->random(),
+                            .media = services->media(),
+                            .web = services->web()});
 }
 
 Desk::Desk() : impl_(std::make_unique<Impl>(*this)) { impl_->Wire(); }
@@ -197,6 +199,10 @@ std::vector<std::string> Desk::Impl::OpenNow(const Process& process) const {
     open.push_back(std::to_string(process.openedProcesses) + " opened processes");
   if (clipboard->IsOpen() && clipboard->Holder() == process.id) open.push_back("the clipboard");
   if (!services->TrayIconsOf(process.id).empty()) open.push_back("a tray icon");
+  for (const std::string& alias : services->MediaOpenBy(process.id))
+    open.push_back("the media device \"" + alias + "\"");
+  if (windows->impl().updateLock.process == &process)
+    open.push_back("a lock on the drawing of a window");
   return open;
 }
 

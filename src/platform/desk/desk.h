@@ -134,7 +134,8 @@ class Desk {
   DeskServices& services();
 
   // What is still open of a process or, with 0, of all that have ended: windows, hooks, timers,
-  // menus, opened processes, an open clipboard, tray icons. One sentence each.
+  // menus, opened processes, an open clipboard, tray icons, media devices, a lock on drawing. One
+  // sentence each.
   std::vector<std::string> LeftOpen(ProcessId process);
 
   struct Impl;

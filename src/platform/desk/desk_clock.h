@@ -15,6 +15,10 @@ class DeskClock : public Clock {
   }
   CivilTime Now() override { return CivilFromMilliseconds(wallAtStart_ + nowMs_); }
   std::string TimeZoneName() override { return zone_; }
+  std::string DateText(const CivilTime& date, DateForm form) override {
+    return form == DateForm::kLong ? LongDate(date) : ShortDate(date);
+  }
+  std::string TimeText(const CivilTime& time) override { return LongTime(time); }
 
   std::int64_t NowMs() const { return nowMs_; }  // since the desk began
   void MoveTo(std::int64_t ms) { nowMs_ = ms; }

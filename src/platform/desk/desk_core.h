@@ -60,6 +60,7 @@ struct DeskWindows::Impl : MessageTaker {
   bool Answers(const Process& process);
   void Deliver(Window window, const Message& message) override { Ask(window, message); }
   Process* OwnerOf(Window window) override;
+  Window Focused() override { return focus; }
   MessageResult CallProcedure(Window window, const Message& message);
 
   // --- desk_window_states.cpp
@@ -67,6 +68,13 @@ struct DeskWindows::Impl : MessageTaker {
   void MoveFocus(Window window);
   void MoveFocusOff(WindowNode& leaving);  // it or a window in it is going away
   void ShowNode(Window window, bool visible);
+
+  // --- desk_window_places.cpp
+  void PlaceNode(Window window, Rect place);
+  void SetState(Window window, bool iconic, bool zoomed, bool activates);
+  Rect PlaceFor(const WindowNode& node);  // by its state
+  void TellSize(Window window);
+  void TellMove(Window window);
 
   // --- desk_own_windows.cpp
   // A window without any message, linked at the bottom of its parent or on top of the desktop.
@@ -78,6 +86,12 @@ struct DeskWindows::Impl : MessageTaker {
   Desk& desk;
   WindowTree tree;
   Window focus{};
+  struct {
+    Window window{};
+    const Process* process = nullptr;
+    std::uint64_t number = 0;
+  } updateLock;
+  std::uint64_t lastLock = 0;
   std::vector<std::vector<Window>> spareLists;  // for walks: their room is kept
   std::unique_ptr<WindowProcedure> dialogProcedure;
 };

@@ -25,9 +25,11 @@ struct DeskFiles::Impl {
   FileTree tree{};
   FileFaults faults{};
 
+  // 0, or the error number of every use of the drive.
   int StateOf(char drive) const {
     const auto found = tree.Drives().find(drive);
-    return found == tree.Drives().end() ? err::kDeviceUnavailable : found->second.state;
+    if (found == tree.Drives().end()) return err::kDeviceUnavailable;
+    return found->second.hasDisk ? 0 : err::kDiskNotReady;
   }
 
   // The path taken apart; throws where no file can be, whatever its name: the drive, the length.
@@ -92,8 +94,7 @@ struct DeskFiles::Impl {
 };
 
 DeskFiles::DeskFiles(Desk& desk) : impl_(new Impl{.desk = desk}) {
-  // The box of drives finds an empty diskette drive unavailable.
-  impl_->tree.Drives()['a'].state = err::kDeviceUnavailable;
+  SetDrive('A', DriveKind::kFloppy, false);
   PutFolder("C:\\WINDOWS\\SYSTEM");
 }
 DeskFiles::~DeskFiles() = default;
@@ -220,7 +221,14 @@ std::string DeskFiles::ShortPath(std::string_view path) {
   return parsed.parts.empty() || parsed.endsInSlash ? result + '\\' : result;
 }
 
-int DeskFiles::DriveState(std::string_view path) { return impl_->StateOf(ParsePath(path).drive); }
+DriveKind DeskFiles::DriveKindOf(std::string_view path) {
+  const auto found = impl_->tree.Drives().find(ParsePath(path).drive);
+  return found == impl_->tree.Drives().end() ? DriveKind::kNone : found->second.kind;
+}
+
+int DeskFiles::DriveState(std::string_view path) {
+  return impl_->StateOf(ParsePath(path).drive) == 0 ? 0 : err::kDeviceUnavailable;
+}
 
 std::vector<std::string> DeskFiles::Drives() {
   std::vector<std::string> drives;
@@ -293,8 +301,17 @@ std::vector<std::string> DeskFiles::AllPaths() const {
 
 void DeskFiles::SetFreeSpace(std::int64_t bytes) { impl_->faults.SetFreeSpace(bytes); }
 
-void DeskFiles::SetDriveState(char drive, int errorNumber) {
-  impl_->tree.Drives()[LowerChar(drive)].state = errorNumber;
+std::optional<std::string> DeskFiles::ReadByOther(std::string_view path) const {
+  const DosPath parsed = ParsePath(path);
+  const FileNode* file = impl_->StateOf(parsed.drive) == 0 ? impl_->tree.Find(parsed) : nullptr;
+  if (!file || file->folder || file->locked) return std::nullopt;
+  return file->bytes;
+}
+
+void DeskFiles::SetDrive(char letter, DriveKind kind, bool hasDisk) {
+  Drive& drive = impl_->tree.Drives()[LowerChar(letter)];
+  drive.kind = kind;
+  drive.hasDisk = hasDisk;
 }
 
 void DeskFiles::Lock(std::string_view path, bool locked) {

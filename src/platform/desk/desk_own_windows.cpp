@@ -3,6 +3,12 @@
 #include "platform/desk/standard_classes.h"
 
 namespace corvel::desk {
+namespace {
+
+// Of a window that can be sized, at the system's usual sizes.
+constexpr int kFrame = 4, kTitle = 19;
+
+}  // namespace
 
 WindowNode* DeskWindows::Impl::AddWindow(std::string_view className, Window parent,
                                          WindowProcedure& procedure) {
@@ -29,7 +35,13 @@ Window DeskWindows::Create(const NewWindow& made, WindowProcedure& procedure) {
   node->id = made.id;
   node->place = made.place;
   node->systemClass = SystemClassOf(made.systemClass);
+  if (!made.parent || made.mdiChild) {
+    node->frameLeft = kFrame;
+    node->frameTop = kFrame + kTitle;
+  }
   if (impl.Ask(window, {.id = wm::kCreate}) == -1) impl.DestroyTree(window);
+  impl.TellSize(window);
+  impl.TellMove(window);
   if (made.parent && Exists(window))
     impl.Ask(made.parent, ParentNotice(wm::kCreate, made.id, window));
   node = impl.tree.Find(window);
@@ -83,10 +95,12 @@ void DeskWindows::Impl::RemoveTree(Window window) {
   core().scheduler->ForgetWindow(window);
   core().menus->FreeBar(node->menuBar);
   if (focus == window) focus = {};
+  if (updateLock.window == window) updateLock = {};
   tree.Remove(*node);
 }
 
 void DeskWindows::Impl::TakeAway(Process& process) {
+  if (updateLock.process == &process) updateLock = {};
   for (const Window window : desk.windows().AllWindows()) {
     WindowNode* node = tree.Find(window);
     if (!node || node->process != &process) continue;

@@ -4,8 +4,10 @@
 #include "base/text.h"
 #include "platform/desk/desk_dialogs.h"
 #include "platform/desk/desk_display.h"
+#include "platform/desk/desk_media.h"
 #include "platform/desk/desk_shell.h"
 #include "platform/desk/desk_sound.h"
+#include "platform/desk/desk_web.h"
 #include "platform/desk/desk_windows.h"
 
 namespace corvel::desk {
@@ -88,7 +90,9 @@ struct DeskServices::Impl {
         dialogs(ownDesk),
         random(ownDesk),
         system(ownDesk),
-        clientLibrary(answers) {}
+        clientLibrary(answers),
+        media(ownDesk),
+        web(ownDesk) {}
 
   Desk& desk;
   DeskSound sound;
@@ -99,6 +103,8 @@ struct DeskServices::Impl {
   DeskRandom random;
   DeskSystemInfo system;
   DeskClientLibrary clientLibrary;
+  DeskMedia media;
+  DeskWeb web;
 };
 
 DeskServices::DeskServices(Desk& desk) : impl_(std::make_unique<Impl>(desk, answers)) {}
@@ -112,6 +118,8 @@ Display& DeskServices::display() { return impl_->display; }
 Random& DeskServices::random() { return impl_->random; }
 SystemInfo& DeskServices::system() { return impl_->system; }
 ClientLibrary& DeskServices::clientLibrary() { return impl_->clientLibrary; }
+MediaControl& DeskServices::media() { return impl_->media; }
+Web& DeskServices::web() { return impl_->web; }
 
 void DeskServices::SetWindowsPlatform(int platform) { impl_->system.SetPlatform(platform); }
 void DeskServices::SetDisplay(int bitsPerPixel, int width, int height) {
@@ -145,6 +153,17 @@ ProcessId DeskServices::TrayOwner() const {
   return icons.empty() ? 0 : icons.front().process;
 }
 
+std::optional<TrayPicture> DeskServices::ShownInTray() const {
+  const auto& icons = impl_->shell.TrayIcons();
+  return icons.empty() ? std::nullopt : std::optional(icons.front().picture);
+}
+
+std::vector<std::string> DeskServices::MediaOpenBy(ProcessId process) const {
+  return impl_->media.OpenBy(process);
+}
+
+WebTable& DeskServices::webTable() { return impl_->web.table(); }
+
 bool DeskServices::TrayMouse(LParam mouseMessage) {
   const auto& icons = impl_->shell.PassOverTray();
   return !icons.empty() &&
@@ -154,6 +173,7 @@ bool DeskServices::TrayMouse(LParam mouseMessage) {
 void DeskServices::ProcessEnded(ProcessId process) {
   impl_->sound.ProcessEnded(process);
   impl_->shell.ProcessEnded(process);
+  impl_->media.ProcessEnded(process);
 }
 
 }  // namespace corvel::desk

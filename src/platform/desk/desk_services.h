@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/desk/desk.h"
+#include "platform/desk/web_table.h"
 
 #include <deque>
 #include <map>
@@ -51,6 +52,7 @@ class DeskFiles : public Files {
   void Rename(std::string_view from, std::string_view to) override;
   void SetAttributes(std::string_view path, std::uint32_t attributes) override;
   std::string ShortPath(std::string_view path) override;
+  DriveKind DriveKindOf(std::string_view path) override;
   int DriveState(std::string_view path) override;
   std::vector<std::string> Drives() override;
   std::string ReadProfile(std::string_view path, std::string_view section,
@@ -67,9 +69,13 @@ class DeskFiles : public Files {
   bool TakeAway(std::string_view path);
   // The bytes of a file, past all faults and locks; nothing if there is none.
   std::optional<std::string> Peek(std::string_view path) const;
+  // The bytes as another program reads them: past faults, but not past locks.
+  std::optional<std::string> ReadByOther(std::string_view path) const;
   std::vector<std::string> AllPaths() const;  // every file, sorted
   void SetFreeSpace(std::int64_t bytes);
-  void SetDriveState(char drive, int errorNumber);  // 0: ready, with an empty drive if it is new
+  // The machine has this drive, with all that was put on it. A (an empty diskette drive) and C are
+  // there from the start.
+  void SetDrive(char letter, DriveKind kind, bool hasDisk = true);
   void Lock(std::string_view path, bool locked);    // held open by another process: 70
   // The n-th of the following calls (1: the next) that can throw, on a path that holds `part`,
   // throws `errorNumber` and does nothing else. WriteProfile counts too, and answers false.
@@ -119,6 +125,8 @@ class DeskServices {
   Random& random();
   SystemInfo& system();
   ClientLibrary& clientLibrary();  // asks the hooks set below
+  MediaControl& media();
+  Web& web();
 
   void SetWindowsPlatform(int platform);
   void SetDisplay(int bitsPerPixel, int width, int height);
@@ -134,7 +142,10 @@ class DeskServices {
   std::vector<std::string> TrayIcons() const;
   std::vector<std::string> TrayIconsOf(ProcessId process) const;
   ProcessId TrayOwner() const;
+  std::optional<TrayPicture> ShownInTray() const;  // of the first icon
   bool TrayMouse(LParam mouseMessage);  // the user at the first tray icon; false: none
+  std::vector<std::string> MediaOpenBy(ProcessId process) const;  // the aliases of its devices
+  WebTable& webTable();
   void ProcessEnded(ProcessId process);
 
   // The practice client answers for launch32.dll.

@@ -37,6 +37,14 @@ bool DeskShell::AddTrayIcon(Window owner, MessageId message, std::string_view ti
   return true;
 }
 
+bool DeskShell::ChangeTrayIcon(Window owner, TrayPicture picture) {
+  const auto icon = std::find_if(trayIcons_.begin(), trayIcons_.end(),
+                                 [&](const TrayIcon& one) { return one.owner == owner; });
+  if (icon == trayIcons_.end()) return false;
+  icon->picture = picture;
+  return true;
+}
+
 void DeskShell::RemoveTrayIcon(Window owner) noexcept {
   std::erase_if(trayIcons_, [&](const TrayIcon& icon) { return icon.owner == owner; });
 }

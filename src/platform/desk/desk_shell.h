@@ -16,6 +16,7 @@ class DeskShell : public Shell {
   bool Recycle(Window owner, std::string_view path) override;
   bool Help(std::string_view helpFile, std::string_view topic) override;
   bool AddTrayIcon(Window owner, MessageId message, std::string_view tip) override;
+  bool ChangeTrayIcon(Window owner, TrayPicture picture) override;
   void RemoveTrayIcon(Window owner) noexcept override;
 
   struct TrayIcon {
@@ -23,6 +24,7 @@ class DeskShell : public Shell {
     ProcessId process;
     MessageId message;
     std::string tip;
+    TrayPicture picture = TrayPicture::kNormal;
   };
   // In the order in which they came. An icon outlives its window until the pointer passes over it.
   const std::vector<TrayIcon>& TrayIcons() const { return trayIcons_; }

@@ -6,18 +6,26 @@
 namespace corvel::desk {
 namespace {
 
-constexpr int kShowMinimized = 2, kMinimize = 6, kShowMinNoActive = 7;
+constexpr int kShowMinimized = 2, kShowMinNoActive = 7;
 
+// A window that is restored from being iconic is zoomed again if it was so before.
+enum class ShowAs { kAsItIs, kRestored, kZoomed, kIconic };
 struct ShowEffect {
   int command;
-  bool visible, iconic, keepsIconic, activates;
+  bool visible;
+  ShowAs as;
+  bool activates;
 };
 constexpr ShowEffect kShowEffects[] = {
-    {show::kHide, false, false, true, false},       {show::kNormal, true, false, false, true},
-    {kShowMinimized, true, true, false, true},      {show::kMaximized, true, false, false, true},
-    {show::kNoActivate, true, false, false, false}, {show::kShow, true, false, true, true},
-    {kMinimize, true, true, false, false},          {kShowMinNoActive, true, true, false, false},
-    {show::kRestore, true, false, false, true},
+    {show::kHide, false, ShowAs::kAsItIs, false},
+    {show::kNormal, true, ShowAs::kRestored, true},
+    {kShowMinimized, true, ShowAs::kIconic, true},
+    {show::kMaximized, true, ShowAs::kZoomed, true},
+    {show::kNoActivate, true, ShowAs::kRestored, false},
+    {show::kShow, true, ShowAs::kAsItIs, true},
+    {show::kMinimize, true, ShowAs::kIconic, false},
+    {kShowMinNoActive, true, ShowAs::kIconic, false},
+    {show::kRestore, true, ShowAs::kRestored, true},
 };
 
 bool TakesFocus(const WindowNode& node) {
@@ -46,6 +54,16 @@ WParam CharacterOf(int virtualKey) {
   const bool typed =
       (virtualKey >= '0' && virtualKey <= '9') || (virtualKey >= 'A' && virtualKey <= 'Z');
   return typed ? static_cast<unsigned char>(LowerChar(static_cast<char>(virtualKey))) : 0;
+}
+
+// What it types with Control held, or 0.
+WParam ControlCharacterOf(int virtualKey) {
+  constexpr int kBackspace = 8, kEnter = 13, kEscape = 27, kBlank = 32;
+  constexpr WParam kDelete = 127, kLineFeed = 10;
+  if (virtualKey == kBackspace) return kDelete;
+  if (virtualKey == kEnter) return kLineFeed;
+  if (virtualKey == kEscape || virtualKey == kBlank) return static_cast<WParam>(virtualKey);
+  return virtualKey >= 'A' && virtualKey <= 'Z' ? static_cast<WParam>(virtualKey - 'A' + 1) : 0;
 }
 
 }  // namespace
@@ -110,16 +128,20 @@ void DeskWindows::Impl::ShowNode(Window window, bool visible) {
 void DeskWindows::Show(Window window, int command) {
   for (const ShowEffect& effect : kShowEffects) {
     if (effect.command != command) continue;
-    if (WindowNode* node = impl_->tree.Find(window); node && !effect.keepsIconic)
-      node->iconic = effect.iconic;
+    const WindowNode* node = impl_->tree.Find(window);
+    if (node && effect.as != ShowAs::kAsItIs) {
+      const bool zoomed = effect.as == ShowAs::kZoomed ||
+                          (node->zoomed && (node->iconic || effect.as == ShowAs::kIconic));
+      impl_->SetState(window, effect.as == ShowAs::kIconic, zoomed, effect.activates);
+    }
     impl_->ShowNode(window, effect.visible);
-    WindowNode* node = impl_->tree.Find(window);
+    node = impl_->tree.Find(window);
     if (node && effect.activates && impl_->tree.IsTopLevel(*node)) impl_->MoveFocus(window);
   }
   impl_->core().processes.ThrowIfEnded();
 }
 
-// --- Place ---------------------------------------------------------------------------------------
+// --- Order ---------------------------------------------------------------------------------------
 
 void DeskWindows::BringToTop(Window window) {
   WindowNode* node = impl_->tree.Find(window);
@@ -136,18 +158,6 @@ void DeskWindows::SetParent(Window window, Window parent) {
   if (!node || !newParent || WindowTree::IsWithin(*newParent, *node)) return;
   tree.Unlink(*node);
   tree.LinkTop(*node, *newParent);
-}
-
-void DeskWindows::Place(Window window, const Rect& place) {
-  WindowNode* node = impl_->tree.Find(window);
-  if (!node) return;
-  const Rect before = node->place;
-  node->place = place;
-  if (place.left != before.left || place.top != before.top)
-    impl_->Ask(window, {.id = wm::kMove, .lParam = (place.top << 16) | (place.left & 0xFFFF)});
-  if (place.width != before.width || place.height != before.height)
-    impl_->Ask(window, {.id = wm::kSize, .lParam = (place.height << 16) | (place.width & 0xFFFF)});
-  impl_->core().processes.ThrowIfEnded();
 }
 
 void DeskWindows::SetOwner(Window window, Window owner) {
@@ -198,20 +208,19 @@ bool DeskWindows::ActivateByCaption(std::string_view caption) {
   return true;
 }
 
-// A key waits in the queue like any input, and goes to whatever has the focus as it is taken out:
-// what comes in front of it may have moved that.
 void DeskWindows::TypeKey(int virtualKey) {
-  Process* const receiver = impl_->OwnerOf(impl_->focus);
-  if (!receiver) return;
-  const auto key = static_cast<WParam>(virtualKey);
-  Scheduler& queue = *impl_->core().scheduler;
-  queue.PostTask(*receiver, [this, key, character = CharacterOf(virtualKey)] {
-    const Window focused = impl_->focus;
-    impl_->Ask(focused, {.id = wm::kKeyDown, .wParam = key});
-    if (character) impl_->Ask(focused, {.id = wm::kChar, .wParam = character});
-  });
-  queue.PostTask(*receiver,
-                 [this, key] { impl_->Ask(impl_->focus, {.id = wm::kKeyUp, .wParam = key}); });
+  Scheduler& scheduler = *impl_->core().scheduler;
+  scheduler.PostKey(wm::kKeyDown, virtualKey, CharacterOf(virtualKey));
+  scheduler.PostKey(wm::kKeyUp, virtualKey);
+}
+
+void DeskWindows::TypeControlKey(int virtualKey) {
+  constexpr int kControl = 17;
+  Scheduler& scheduler = *impl_->core().scheduler;
+  scheduler.PostKey(wm::kKeyDown, kControl);
+  scheduler.PostKey(wm::kKeyDown, virtualKey, ControlCharacterOf(virtualKey));
+  scheduler.PostKey(wm::kKeyUp, virtualKey);
+  scheduler.PostKey(wm::kKeyUp, kControl);
 }
 
 }  // namespace corvel::desk

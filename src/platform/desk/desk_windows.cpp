@@ -112,11 +112,6 @@ ProcessId DeskWindows::ProcessOf(Window window) {
   return node ? node->process->id : 0;
 }
 
-Rect DeskWindows::PlaceOf(Window window) {
-  const WindowNode* node = impl_->tree.Find(window);
-  return node ? impl_->tree.ScreenPlace(*node) : Rect{};
-}
-
 // --- Looking on ----------------------------------------------------------------------------------
 
 std::string DeskWindows::CaptionOf(Window window) const {

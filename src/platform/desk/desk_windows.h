@@ -29,9 +29,12 @@ class DeskWindows : public WindowSystem, public OwnWindows {
   bool IsVisible(Window window) override;
   bool IsEnabled(Window window) override;
   bool IsIconic(Window window) override;
+  bool IsZoomed(Window window) override;
   std::string ClassOf(Window window) override;
   ProcessId ProcessOf(Window window) override;
   Rect PlaceOf(Window window) override;
+  Rect PlaceInParent(Window window) override;
+  Size ClientSizeOf(Window window) override;
   MessageResult Send(Window window, MessageId id, WParam wParam, LParam lParam) override;
   MessageResult SendText(Window window, MessageId id, WParam wParam,
                          std::string_view text) override;
@@ -44,11 +47,15 @@ class DeskWindows : public WindowSystem, public OwnWindows {
   void BringToTop(Window window) override;
   void SetParent(Window window, Window parent) override;
   void Place(Window window, const Rect& place) override;
+  void PlaceOnTop(Window window, const Rect& place) override;
+  void Resize(Window window, Size size) override;
+  std::unique_ptr<UpdateLock> LockUpdates(Window window) override;
   void SetOwner(Window window, Window owner) override;
   void SetTopMost(Window window) override;
   void EndDialog(Window dialog, int result) override;
   bool ActivateByCaption(std::string_view caption) override;
   void TypeKey(int virtualKey) override;
+  void TypeControlKey(int virtualKey) override;
 
   Window Create(const NewWindow& window, WindowProcedure& procedure) override;
   MessageResult Default(Window window, const Message& message) override;
@@ -62,6 +69,7 @@ class DeskWindows : public WindowSystem, public OwnWindows {
   std::vector<Window> AllWindows() const;
   std::size_t HookCount() const;  // windows of others that are hooked by any process
   std::vector<Window> HookedWindows() const;
+  Window LockedForUpdates() const;
   // A process that hangs: whoever needs it waits with it, at most until it has hung for the bounded
   // time.
   void SetHung(ProcessId process, bool hung);

@@ -3,6 +3,7 @@
 
 #include "platform/desk/desk_paths.h"
 #include "platform/desk/named_list.h"
+#include "platform/files.h"
 
 #include <map>
 #include <memory>
@@ -23,7 +24,8 @@ struct FileNode {
 };
 
 struct Drive {
-  int state = 0;  // 0: ready, or the error number of every use
+  DriveKind kind = DriveKind::kFixed;
+  bool hasDisk = true;
   std::unique_ptr<FileNode> root = FileNode::Folder();
 };
 

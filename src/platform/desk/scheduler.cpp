@@ -48,6 +48,15 @@ void Scheduler::Post(Process& receiver, Window window, MessageId id, WParam wPar
                     .task = nullptr});
 }
 
+void Scheduler::PostKey(MessageId id, int virtualKey, WParam character) {
+  queue_.push_back({.number = nextNumber_++,
+                    .process = &processes_.Outside(),
+                    .message = {.id = id, .wParam = static_cast<WParam>(virtualKey)},
+                    .isKey = true,
+                    .character = character,
+                    .task = nullptr});
+}
+
 TaskId Scheduler::PostTask(Process& process, std::function<void()> task) {
   const TaskId id = nextNumber_++;
   pending_.insert(id);
@@ -124,7 +133,22 @@ void Scheduler::QueueDueTasks() {
   }
 }
 
+void Scheduler::DispatchKey(Event& event) {
+  event.window = windows_.Focused();
+  event.process = windows_.OwnerOf(event.window);
+  if (!event.process) return;
+  if (event.process->hung) return held_.push_back(std::move(event));
+  if (event.character)
+    queue_.push_front({.number = event.number,
+                       .process = event.process,
+                       .window = event.window,
+                       .message = {.id = wm::kChar, .wParam = event.character},
+                       .task = nullptr});
+  windows_.Deliver(event.window, event.message);
+}
+
 void Scheduler::Dispatch(Event& event) {
+  if (event.isKey) return DispatchKey(event);
   Process& process = *event.process;
   if (process.hung) return held_.push_back(std::move(event));
   if (!event.task) return windows_.Deliver(event.window, event.message);

@@ -25,6 +25,7 @@ class MessageTaker {
   virtual ~MessageTaker() = default;
   virtual void Deliver(Window window, const Message& message) = 0;
   virtual Process* OwnerOf(Window window) = 0;  // nullptr for a dead window
+  virtual Window Focused() = 0;
 };
 
 class Scheduler : public EventLoop {
@@ -36,6 +37,9 @@ class Scheduler : public EventLoop {
   void StopTimer(Window window, std::uintptr_t id) override;
 
   void Post(Process& receiver, Window window, MessageId id, WParam wParam, LParam lParam);
+  // A key going down or up, for whatever window has the focus when it is taken out of the queue.
+  // The character that it types, if any, follows at once to the same window.
+  void PostKey(MessageId id, int virtualKey, WParam character = 0);
   TaskId PostTask(Process& process, std::function<void()> task);
   void After(Process& process, std::int64_t ms, std::function<void()> task);
   bool IsPending(TaskId task) const { return pending_.count(task) != 0; }
@@ -60,6 +64,8 @@ class Scheduler : public EventLoop {
     Process* process = nullptr;
     Window window{};
     Message message{};
+    bool isKey = false;
+    WParam character = 0;
     TaskId taskId = 0;
     std::function<void()> task;
   };
@@ -83,6 +89,7 @@ class Scheduler : public EventLoop {
   bool RunTimers(std::int64_t now);
   void QueueDueTasks();
   void Dispatch(Event& event);
+  void DispatchKey(Event& event);
   void InsertTimer(const Timer& timer);
   bool LetAgentAct();
   void MoveClock(std::int64_t limit);

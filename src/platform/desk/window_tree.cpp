@@ -4,6 +4,8 @@
 #include "base/cp1252.h"
 #include "base/text.h"
 
+#include <algorithm>
+
 namespace corvel::desk {
 namespace {
 
@@ -127,13 +129,22 @@ std::vector<Window> WindowTree::OwnedBy(Window owner) const {
   return owned;
 }
 
-Rect WindowTree::ScreenPlace(const WindowNode& node) const {
+Rect WindowTree::ScreenPlace(const WindowNode& node) {
   Rect place = node.place;
   for (const WindowNode* at = node.parent; at; at = at->parent) {
-    place.left += at->place.left + at->frameLeft;
-    place.top += at->place.top + at->frameTop;
+    const Rect area = ClientArea(*at);
+    place.left += at->place.left + area.left;
+    place.top += at->place.top + area.top;
   }
   return place;
+}
+
+Rect WindowTree::ClientArea(const WindowNode& node) {
+  constexpr int kMenuBarHeight = 19;
+  if (node.iconic) return {};
+  const int top = node.frameTop + (node.menuBar ? kMenuBarHeight : 0);
+  return {node.frameLeft, top, std::max(node.place.width - 2 * node.frameLeft, 0),
+          std::max(node.place.height - top - node.frameLeft, 0)};
 }
 
 }  // namespace corvel::desk

@@ -44,12 +44,14 @@ struct WindowNode {
   WindowProcedure* procedure = nullptr;
   ClassAtom atom = 0;
   SystemClass systemClass = SystemClass::kNone;
-  bool visible = false, enabled = true, iconic = false, topMost = false, destroying = false;
+  bool visible = false, enabled = true, topMost = false, destroying = false;
+  bool iconic = false, zoomed = false;  // both: it will be zoomed when it is restored
   bool pressed = false;  // a button between mouse down and up
   int id = 0;
   Window owner{};                   // of a top-level window
   Rect place{};                     // in the parent's pixels
-  int frameLeft = 0, frameTop = 0;  // of a form: from its corner to where its own pixels begin
+  Rect normalPlace{};               // of one that is iconic or zoomed
+  int frameLeft = 0, frameTop = 0;  // its frame at the sides and below, and with the title above
   MenuHandle menuBar{};
   std::string text;
   std::size_t caret = 0;                   // of an edit box
@@ -100,7 +102,9 @@ class WindowTree {
   // Parents before their children, in z-order.
   static void ListDescendants(const WindowNode& node, std::vector<Window>& list);
   std::vector<Window> OwnedBy(Window owner) const;
-  Rect ScreenPlace(const WindowNode& node) const;
+  static Rect ScreenPlace(const WindowNode& node);
+  // Where its own pixels lie, from its corner. An icon has none.
+  static Rect ClientArea(const WindowNode& node);
 
  private:
   static constexpr std::uint32_t kFirstHandle = 0x104, kHandleStep = 4;

@@ -119,7 +119,11 @@ LRESULT PassListed(ThreadState& state, const HookedWindow& node, const Passing& 
   const WNDPROC previous = node.previous;
   const bool last = passing.message == WM_NCDESTROY;
   LRESULT result = 0;
-  if (AskHooks(state, node, passing, result) && !last) return result;
+  if (AskHooks(state, node, passing, result) && !last) {
+    // What nobody has painted is asked for again at once, for ever.
+    if (passing.message == WM_PAINT) ValidateRect(passing.window, nullptr);
+    return result;
+  }
   if (!IsWindow(passing.window)) return 0;
   if (HookedWindow* still = last ? FindWindowNode(state, passing.window) : nullptr)
     Forget(state, still);

@@ -1,5 +1,6 @@
 #include "platform/win32/file_errors.h"
 
+#include "base/cp1252.h"
 #include "base/error.h"
 
 #include <algorithm>
@@ -51,6 +52,11 @@ class Root {
     if (has_) text_[0] = path[0];
   }
   const char* Text() const { return has_ ? text_ : nullptr; }
+  bool HasDisk() const {
+    char system[MAX_PATH];
+    return GetVolumeInformationA(Text(), nullptr, 0, nullptr, nullptr, nullptr, system,
+                                 sizeof system);
+  }
 
  private:
   bool has_;
@@ -64,8 +70,11 @@ int RunTimeErrorFor(DWORD error, std::string_view path) {
                                   [&](const Meaning& meaning) { return meaning.error == error; });
   const int number = found == std::end(kMeanings) ? err::kPathFileAccess : found->number;
   if (number != err::kPathNotFound && number != err::kFileNotFound) return number;
-  const UINT drive = GetDriveTypeA(Root(path).Text());
-  return drive == DRIVE_NO_ROOT_DIR ? err::kDeviceUnavailable : number;
+  const Root root(path);
+  const UINT drive = GetDriveTypeA(root.Text());
+  if (drive == DRIVE_NO_ROOT_DIR) return err::kDeviceUnavailable;
+  const bool mayBeEmpty = drive == DRIVE_REMOVABLE || drive == DRIVE_CDROM;
+  return mayBeEmpty && !root.HasDisk() ? err::kDiskNotReady : number;
 }
 
 void ThrowLastError(std::string_view path, std::string_view second) {
@@ -78,12 +87,27 @@ void ThrowLastError(std::string_view path, std::string_view second) {
 int DriveStateOf(std::string_view path) {
   const Root root(path);
   if (GetDriveTypeA(root.Text()) == DRIVE_NO_ROOT_DIR) return err::kDeviceUnavailable;
-  char system[MAX_PATH];
-  if (GetVolumeInformationA(root.Text(), nullptr, 0, nullptr, nullptr, nullptr, system,
-                            sizeof system))
-    return 0;
   // The box of drives calls a drive without a disk unavailable.
-  return err::kDeviceUnavailable;
+  return root.HasDisk() ? 0 : err::kDeviceUnavailable;
+}
+
+DriveKind KindOfDrive(std::string_view path) {
+  const Root root(path);
+  const char letter = root.Text() ? UpperChar(*root.Text()) : 'C';
+  switch (GetDriveTypeA(root.Text())) {
+    case DRIVE_NO_ROOT_DIR:
+      return DriveKind::kNone;
+    case DRIVE_REMOVABLE:
+      return letter == 'A' || letter == 'B' ? DriveKind::kFloppy : DriveKind::kRemovable;
+    case DRIVE_FIXED:
+      return DriveKind::kFixed;
+    case DRIVE_REMOTE:
+      return DriveKind::kNetwork;
+    case DRIVE_CDROM:
+      return DriveKind::kCd;
+    default:
+      return DriveKind::kOther;
+  }
 }
 
 }  // namespace corvel::win32

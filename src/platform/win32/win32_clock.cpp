@@ -4,6 +4,22 @@
 #include <windows.h>
 
 namespace corvel::win32 {
+namespace {
+
+constexpr int kTextRoom = 256;
+
+SYSTEMTIME SystemTimeOf(const CivilTime& time) {
+  SYSTEMTIME result{};
+  result.wYear = static_cast<WORD>(time.year);
+  result.wMonth = static_cast<WORD>(time.month);
+  result.wDay = static_cast<WORD>(time.day);
+  result.wHour = static_cast<WORD>(time.hour);
+  result.wMinute = static_cast<WORD>(time.minute);
+  result.wSecond = static_cast<WORD>(time.second);
+  return result;
+}
+
+}  // namespace
 
 std::uint32_t Win32Clock::TickCount() { return GetTickCount(); }
 
@@ -26,6 +42,21 @@ std::string Win32Clock::TimeZoneName() {
   const int size = WideCharToMultiByte(CP_ACP, 0, zone.StandardName, -1, name, sizeof name - 1,
                                        nullptr, nullptr);
   return size > 0 ? std::string(name) : std::string();
+}
+
+std::string Win32Clock::DateText(const CivilTime& date, DateForm form) {
+  const SYSTEMTIME when = SystemTimeOf(date);
+  char text[kTextRoom] = {};
+  GetDateFormatA(LOCALE_USER_DEFAULT, form == DateForm::kLong ? DATE_LONGDATE : DATE_SHORTDATE,
+                 &when, nullptr, text, kTextRoom - 1);
+  return text;
+}
+
+std::string Win32Clock::TimeText(const CivilTime& time) {
+  const SYSTEMTIME when = SystemTimeOf(time);
+  char text[kTextRoom] = {};
+  GetTimeFormatA(LOCALE_USER_DEFAULT, 0, &when, nullptr, text, kTextRoom - 1);
+  return text;
 }
 
 void Win32Random::Reseed() {

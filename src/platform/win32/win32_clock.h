@@ -10,6 +10,8 @@ class Win32Clock : public Clock {
   std::uint32_t TickCount() override;
   CivilTime Now() override;
   std::string TimeZoneName() override;
+  std::string DateText(const CivilTime& date, DateForm form) override;
+  std::string TimeText(const CivilTime& time) override;
 };
 
 class Win32Random : public Random {

@@ -241,6 +241,7 @@ std::string Win32Files::ShortPath(std::string_view path) {
   return path.empty() ? std::string() : ShortPathOf(FullPath(std::string(path)));
 }
 
+DriveKind Win32Files::DriveKindOf(std::string_view path) { return KindOfDrive(path); }
 int Win32Files::DriveState(std::string_view path) { return DriveStateOf(path); }
 
 std::vector<std::string> Win32Files::Drives() {

@@ -27,6 +27,7 @@ class Win32Files : public Files {
   void Rename(std::string_view from, std::string_view to) override;
   void SetAttributes(std::string_view path, std::uint32_t attributes) override;
   std::string ShortPath(std::string_view path) override;
+  DriveKind DriveKindOf(std::string_view path) override;
   int DriveState(std::string_view path) override;
   std::vector<std::string> Drives() override;
   std::string ReadProfile(std::string_view path, std::string_view section,

@@ -11,6 +11,7 @@
 #include "platform/win32/win32_files.h"
 #include "platform/win32/win32_hooks.h"
 #include "platform/win32/win32_in_client.h"
+#include "platform/win32/win32_media.h"
 #include "platform/win32/win32_menus.h"
 #include "platform/win32/win32_own_windows.h"
 #include "platform/win32/win32_peers.h"
@@ -21,6 +22,7 @@
 #include "platform/win32/win32_shell.h"
 #include "platform/win32/win32_sound.h"
 #include "platform/win32/win32_system_info.h"
+#include "platform/win32/win32_web.h"
 #include "platform/win32/win32_window_system.h"
 
 #include <float.h>
@@ -62,9 +64,12 @@ struct Win32Platform::Impl {
   Win32CommonDialogs dialogs;
   Win32Clock clock;
   Win32Random random;
-  Platform platform{windows, menus,    events,  ownWindows, hooks,  proxy,         peers,
-                    display, registry, files,   processes,  system, clientLibrary, clipboard,
-                    sound,   shell,    printer, dialogs,    clock,  random};
+  Win32MediaControl media;
+  Win32Web web;
+  Platform platform{windows,       menus,     events,   ownWindows, hooks,     proxy,
+                    peers,         display,   registry, files,      processes, system,
+                    clientLibrary, clipboard, sound,    shell,      printer,   dialogs,
+                    clock,         random,    media,    web};
 };
 
 Win32Platform::Win32Platform() : impl_(std::make_unique<Impl>()) { RoundToDoubles(); }

@@ -14,10 +14,12 @@ constexpr DWORD kTrayIconSize = NOTIFYICONDATAA_V1_SIZE;
 static_assert(sizeof(void*) == 8 || kTrayIconSize == 88);
 constexpr std::size_t kLongestTip = 63;
 constexpr UINT kTrayId = 1;
-constexpr WORD kProgramIcon = 1;  // in the program's resources
+// In the program's resources.
+constexpr WORD kProgramIcon = 1, kImsOffIcon = 2;
 
-HICON TrayIcon() {
-  const HICON own = LoadIconA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(kProgramIcon));
+HICON TrayIcon(TrayPicture picture) {
+  const WORD number = picture == TrayPicture::kImsOff ? kImsOffIcon : kProgramIcon;
+  const HICON own = LoadIconA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(number));
   return own ? own : LoadIconA(nullptr, reinterpret_cast<const char*>(IDI_APPLICATION));
 }
 
@@ -70,9 +72,16 @@ bool Win32Shell::AddTrayIcon(Window owner, MessageId message, std::string_view t
   NOTIFYICONDATAA data = TrayData(owner);
   data.uFlags = NIF_MESSAGE | NIF_ICON | NIF_TIP;
   data.uCallbackMessage = message;
-  data.hIcon = TrayIcon();
+  data.hIcon = TrayIcon(TrayPicture::kNormal);
   tip.substr(0, kLongestTip).copy(data.szTip, kLongestTip);
   return Shell_NotifyIconA(NIM_ADD, &data);
+}
+
+bool Win32Shell::ChangeTrayIcon(Window owner, TrayPicture picture) {
+  NOTIFYICONDATAA data = TrayData(owner);
+  data.uFlags = NIF_ICON;
+  data.hIcon = TrayIcon(picture);
+  return Shell_NotifyIconA(NIM_MODIFY, &data);
 }
 
 void Win32Shell::RemoveTrayIcon(Window owner) noexcept {

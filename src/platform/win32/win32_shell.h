@@ -11,6 +11,7 @@ class Win32Shell : public Shell {
   bool Recycle(Window owner, std::string_view path) override;
   bool Help(std::string_view helpFile, std::string_view topic) override;
   bool AddTrayIcon(Window owner, MessageId message, std::string_view tip) override;
+  bool ChangeTrayIcon(Window owner, TrayPicture picture) override;
   void RemoveTrayIcon(Window owner) noexcept override;
 };
 

@@ -62,6 +62,16 @@ GetGuiThreadInfo FindGetGuiThreadInfo() {
   return reinterpret_cast<GetGuiThreadInfo>(reinterpret_cast<void*>(found));
 }
 
+class Win32UpdateLock : public UpdateLock {
+ public:
+  ~Win32UpdateLock() override { LockWindowUpdate(nullptr); }
+};
+
+void StrikeKey(int virtualKey, DWORD flags) {
+  const auto key = static_cast<BYTE>(virtualKey);
+  keybd_event(key, static_cast<BYTE>(MapVirtualKeyA(key, 0)), flags, 0);
+}
+
 BOOL CALLBACK MatchCaption(HWND window, LPARAM search);
 
 // A visible top-level window by its caption: one that has it whole, else one that begins so.
@@ -177,6 +187,29 @@ void Win32WindowSystem::Place(Window window, const Rect& place) {
   Callback::Rethrow();
 }
 
+void Win32WindowSystem::PlaceOnTop(Window window, const Rect& place) {
+  const HWND handle = ToHwnd(window);
+  if (!TakesOrders(handle)) return;
+  const bool isTopLevel = RootOf(handle) == handle;
+  // Activating a child is no more than telling it so.
+  SetWindowPos(handle, HWND_TOP, place.left, place.top, place.width, place.height,
+               isTopLevel ? SWP_NOACTIVATE : 0);
+  if (isTopLevel && IsWindowVisible(handle)) BringToFront(handle);
+  Callback::Rethrow();
+}
+
+void Win32WindowSystem::Resize(Window window, Size size) {
+  if (TakesOrders(ToHwnd(window)))
+    SetWindowPos(ToHwnd(window), nullptr, 0, 0, size.width, size.height,
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+  Callback::Rethrow();
+}
+
+std::unique_ptr<UpdateLock> Win32WindowSystem::LockUpdates(Window window) {
+  if (!Exists(window) || !LockWindowUpdate(ToHwnd(window))) return nullptr;
+  return std::make_unique<Win32UpdateLock>();
+}
+
 void Win32WindowSystem::SetOwner(Window window, Window owner) {
   const HWND owned = ToHwnd(window);
   if (!TakesOrders(owned) || RootOf(owned) != owned) return;
@@ -223,10 +256,14 @@ bool Win32WindowSystem::ActivateByCaption(std::string_view caption) {
 }
 
 void Win32WindowSystem::TypeKey(int virtualKey) {
-  const auto key = static_cast<BYTE>(virtualKey);
-  const auto scanCode = static_cast<BYTE>(MapVirtualKeyA(key, 0));
-  keybd_event(key, scanCode, 0, 0);
-  keybd_event(key, scanCode, KEYEVENTF_KEYUP, 0);
+  StrikeKey(virtualKey, 0);
+  StrikeKey(virtualKey, KEYEVENTF_KEYUP);
+}
+
+void Win32WindowSystem::TypeControlKey(int virtualKey) {
+  StrikeKey(VK_CONTROL, 0);
+  TypeKey(virtualKey);
+  StrikeKey(VK_CONTROL, KEYEVENTF_KEYUP);
 }
 
 }  // namespace corvel::win32

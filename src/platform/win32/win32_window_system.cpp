@@ -81,6 +81,7 @@ bool Win32WindowSystem::Exists(Window window) { return IsWindow(ToHwnd(window));
 bool Win32WindowSystem::IsVisible(Window window) { return IsWindowVisible(ToHwnd(window)); }
 bool Win32WindowSystem::IsEnabled(Window window) { return IsWindowEnabled(ToHwnd(window)); }
 bool Win32WindowSystem::IsIconic(Window window) { return ::IsIconic(ToHwnd(window)); }
+bool Win32WindowSystem::IsZoomed(Window window) { return ::IsZoomed(ToHwnd(window)); }
 
 std::string Win32WindowSystem::ClassOf(Window window) {
   char name[kLongestClassName + 1];
@@ -98,6 +99,21 @@ Rect Win32WindowSystem::PlaceOf(Window window) {
   RECT place{};
   if (!GetWindowRect(ToHwnd(window), &place)) return {};
   return {place.left, place.top, place.right - place.left, place.bottom - place.top};
+}
+
+Rect Win32WindowSystem::PlaceInParent(Window window) {
+  Rect place = PlaceOf(window);
+  const bool isChild = GetWindowLongA(ToHwnd(window), GWL_STYLE) & WS_CHILD;
+  POINT corner{place.left, place.top};
+  if (isChild && ScreenToClient(::GetParent(ToHwnd(window)), &corner))
+    place = {corner.x, corner.y, place.width, place.height};
+  return place;
+}
+
+Size Win32WindowSystem::ClientSizeOf(Window window) {
+  RECT area{};
+  if (!GetClientRect(ToHwnd(window), &area)) return {};
+  return {area.right, area.bottom};
 }
 
 }  // namespace corvel::win32

@@ -29,9 +29,12 @@ class Win32WindowSystem : public WindowSystem {
   bool IsVisible(Window window) override;
   bool IsEnabled(Window window) override;
   bool IsIconic(Window window) override;
+  bool IsZoomed(Window window) override;
   std::string ClassOf(Window window) override;
   ProcessId ProcessOf(Window window) override;
   Rect PlaceOf(Window window) override;
+  Rect PlaceInParent(Window window) override;
+  Size ClientSizeOf(Window window) override;
 
   MessageResult Send(Window window, MessageId id, WParam wParam, LParam lParam) override;
   MessageResult SendText(Window window, MessageId id, WParam wParam,
@@ -46,11 +49,15 @@ class Win32WindowSystem : public WindowSystem {
   void BringToTop(Window window) override;
   void SetParent(Window window, Window parent) override;
   void Place(Window window, const Rect& place) override;
+  void PlaceOnTop(Window window, const Rect& place) override;
+  void Resize(Window window, Size size) override;
+  std::unique_ptr<UpdateLock> LockUpdates(Window window) override;
   void SetOwner(Window window, Window owner) override;
   void SetTopMost(Window window) override;
   void EndDialog(Window dialog, int result) override;
   bool ActivateByCaption(std::string_view caption) override;
   void TypeKey(int virtualKey) override;
+  void TypeControlKey(int virtualKey) override;
 
  private:
   std::string AskListText(HWND window, bool combo, WParam row);

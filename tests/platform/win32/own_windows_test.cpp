@@ -100,6 +100,26 @@ TEST_F(OnWindows, FiltersSeeMessagesFirstAndIdlersComeLast) {
   EXPECT_EQ(order, "message message idle ");
 }
 
+TEST_F(OnWindows, AHookThatTakesPaintingIsNotAskedForEver) {
+  class TakesAll : public HookHandler {
+   public:
+    void OnHookedMessage(HookedMessage& message) override {
+      ++came;
+      message.consume = true;
+    }
+    int came = 0;
+  } hook;
+  constexpr MessageId kMessages[] = {wm::kPaint};
+  windows.Show(window, show::kNoActivate);
+  events.Pump(kWait);
+  const HookId id = system.platform().hooks.Attach(window, kMessages, hook);
+  InvalidateRect(win32::ToHwnd(window), nullptr, TRUE);
+  for (int i = 0; i < 20; ++i) events.Pump({"the test", WaitFor::kTime, GetTickCount() + 10});
+  EXPECT_EQ(hook.came, 1);
+  EXPECT_FALSE(GetUpdateRect(win32::ToHwnd(window), nullptr, FALSE));
+  system.platform().hooks.Detach(id);
+}
+
 // A window of a thread that never looks at its messages.
 DWORD WINAPI Hang(void* made) {
   auto* const handles = static_cast<HANDLE*>(made);

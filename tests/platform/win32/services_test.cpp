@@ -1,6 +1,7 @@
 // What the services of the Windows home do beyond the seam's promises.
 #include "base/error.h"
 #include "platform/win32/callback.h"
+#include "platform/win32/file_errors.h"
 #include "platform/win32/owned.h"
 #include "platform/win32/replace_file.h"
 #include "platform/win32/win32_client_library.h"
@@ -90,6 +91,13 @@ TEST_F(DriveTest, AProfileIsReadAsItStandsOnTheDrive) {
   EXPECT_EQ(files.Read(file), "[Data]\r\nkey=three\r\n");
   EXPECT_TRUE(files.WriteProfile(At("none.dat"), "Data", "key", std::nullopt));
   EXPECT_FALSE(files.Exists(At("none.dat")));
+}
+
+TEST(FileErrors, ADriveThatIsNotReadyHasNoDisk) {
+  for (const DWORD error : {ERROR_NOT_READY, ERROR_NOT_DOS_DISK})
+    EXPECT_EQ(RunTimeErrorFor(error, "C:\\x"), 71);
+  EXPECT_EQ(RunTimeErrorFor(ERROR_FILE_NOT_FOUND, "C:\\x"), 53);
+  EXPECT_EQ(RunTimeErrorFor(ERROR_PATH_NOT_FOUND, "Q:\\x"), 68);
 }
 
 TEST(SystemInfo, TheCommandLineBeginsBehindTheProgram) {

@@ -5,6 +5,7 @@
 #include "platform/win32/callback.h"
 #include "platform/win32/handles.h"
 #include "platform/win32/win32_processes.h"
+#include "tests/platform/win32/wine_path.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -17,7 +18,7 @@ namespace {
 std::string Word(Window window) { return std::to_string(window.value); }
 std::string Word(bool flag) { return flag ? "1" : "0"; }
 
-constexpr char kPrinted[] = "C:\\CONFORM\\printed.ps";
+constexpr char kFolder[] = "C:\\CONFORM", kPrinted[] = "C:\\CONFORM\\printed.ps";
 
 std::string Beside(const char* name) {
   char path[MAX_PATH];
@@ -204,6 +205,25 @@ std::string Win32Home::CommandLine() {
 
 bool Win32Home::HasTaskbar() { return FindWindowA("Shell_TrayWnd", nullptr) != nullptr; }
 
+// The folder of a drive without a disk isn't there.
+void Win32Home::SetDrive(char letter, DriveKind kind, bool hasDisk) {
+  const std::string disk = std::string(kFolder) + "\\DRIVE-" + letter;
+  if (hasDisk) CreateDirectoryA(disk.c_str(), nullptr);
+  if (!drives_) drives_.emplace();
+  drives_->Set(letter, kind, hasDisk ? PathBelow(disk) : PathBelow(kFolder) + "/no disk");
+}
+
+WebServer& Win32Home::Server() {
+  if (!server_) server_.emplace();
+  return *server_;
+}
+
+std::string Win32Home::Serve(const std::string& path, const std::string& text) {
+  return Server().Serve(path, text);
+}
+
+std::string Win32Home::SilentAddress() { return Server().SilentAddress(); }
+
 void Win32Home::SetPrinter(bool isThere) {
   printer_.reset();
   if (isThere) printer_.emplace(kPrinted);
@@ -215,11 +235,10 @@ Log Win32Home::Printed() { return PrintedLines(platform().files.Read(kPrinted));
 bool Win32Home::IsSeenByAnotherInstance() { return win32::Win32Processes().PreviousInstance(); }
 
 std::string Win32Home::Folder() {
-  const std::string folder = "C:\\CONFORM";
   SetCurrentDirectoryA("C:\\");  // a dialog for paths may have gone into it
-  CreateDirectoryA(folder.c_str(), nullptr);
-  EmptyFolder(folder);
-  return folder;
+  CreateDirectoryA(kFolder, nullptr);
+  EmptyFolder(kFolder);
+  return kFolder;
 }
 
 void Win32Home::RunFor(std::int64_t ms) {

@@ -6,6 +6,8 @@
 #include "platform/win32/win32_platform.h"
 #include "tests/platform/home.h"
 #include "tests/platform/win32/channel.h"
+#include "tests/platform/win32/web_server.h"
+#include "tests/platform/win32/wine_drives.h"
 #include "tests/platform/win32/wine_printer.h"
 #include "tools/win32/message_touch.h"
 
@@ -94,13 +96,21 @@ class Win32Home : public Home {
   std::string CommandLine() override;
   bool IsSeenByAnotherInstance() override;
   bool HasTaskbar() override;
+  void SetDrive(char letter, DriveKind kind, bool hasDisk) override;
+  std::string Serve(const std::string& path, const std::string& text) override;
+  std::string SilentAddress() override;
+  std::string DeadAddress() override { return WebServer::DeadAddress(); }
   void SetPrinter(bool isThere) override;
   Log Printed() override;
 
  private:
+  WebServer& Server();
+
   win32::Win32Platform system_;
   win32::OwnedHandle held_;
   std::optional<WinePrinter> printer_;
+  std::optional<WineDrives> drives_;
+  std::optional<WebServer> server_;
   Win32User user_{std::make_unique<tools::MessageTouch>(system_), *this};
   Win32Other other_{system_.platform().ownWindows};
 };

@@ -1,5 +1,7 @@
 #include "tests/platform/win32/wine_printer.h"
 
+#include "tests/platform/win32/wine_path.h"
+
 #include <sstream>
 #include <utility>
 #include <winspool.h>
@@ -51,13 +53,6 @@ void PutDriver() {
   driver.pDependentFiles = Word("\0");
   AddPrinterDriverExA(nullptr, 3, reinterpret_cast<BYTE*>(&driver),
                       APD_COPY_NEW_FILES | APD_COPY_FROM_DIRECTORY);
-}
-
-std::string PathBelow(const std::string& file) {
-  using NameOf = char*(CDECL*)(const wchar_t*);
-  const auto nameOf = reinterpret_cast<NameOf>(reinterpret_cast<void*>(
-      GetProcAddress(GetModuleHandleA("kernel32.dll"), "wine_get_unix_file_name")));
-  return nameOf ? nameOf(std::wstring(file.begin(), file.end()).c_str()) : file;
 }
 
 }  // namespace
