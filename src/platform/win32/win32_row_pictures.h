@@ -4,10 +4,9 @@
 
 #include "platform/peers.h"
 
-#include <windows.h>
-
 #include <commctrl.h>
 #include <cstddef>
+#include <windows.h>
 
 namespace corvel::win32 {
 
