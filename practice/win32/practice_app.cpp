@@ -13,7 +13,8 @@ Platform WithWindows(const Platform& home, OwnWindows& windows) {
   return {home.windows,   home.menus,   home.events,        windows,        home.hooks,
           home.proxy,     home.peers,   home.display,       home.registry,  home.files,
           home.processes, home.system,  home.clientLibrary, home.clipboard, home.sound,
-          home.shell,     home.printer, home.dialogs,       home.clock,     home.random};
+          home.shell,     home.printer, home.dialogs,       home.clock,     home.random,
+          home.media,     home.web};
 }
 
 // The command of the row whose text ends with this shortcut; 0 for none, or a greyed one.
