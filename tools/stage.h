@@ -131,7 +131,7 @@ class Stage {
     return hand().Type(control, wholeText);
   }
   Deed Press(Window control, Key key) { return hand().Press(control, key); }
-  Deed Drag(Window control, int dx, int dy) { return hand().Drag(control, dx, dy); }  // pixels
+  Deed Drag(Window control, int dx, int dy) { return hand().Drag(control, dx, dy); }
   Deed Close(Window form) { return hand().Close(form); }
   virtual bool TrayMouse(LParam mouseMessage) = 0;                    // false: there is no icon
   virtual std::vector<std::shared_ptr<desk::Prompt>>& Prompts() = 0;  // innermost last

@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::size_t kLongestCaption = 260;
 
-Reply Answer(std::string text) { return {"", {std::move(text)}}; }
+Reply Told(std::string text) { return {"", {std::move(text)}}; }
 
 using Documents = std::vector<std::shared_ptr<Document>>;
 
@@ -69,13 +69,13 @@ Reply AskWindow(Client& client, const std::vector<std::string>& words) {
   };
   if (words[2] == "visible") {
     const auto shown = std::find_if(called.begin(), called.end(), visible);
-    return Answer(shown == called.end() ? "" : CaptionThatStands(client, **shown));
+    return Told(shown == called.end() ? "" : CaptionThatStands(client, **shown));
   }
   if (words[2] == "state")
-    return Answer(called.empty() ? "closed" : visible(called.front()) ? "shown" : "hidden");
+    return Told(called.empty() ? "closed" : visible(called.front()) ? "shown" : "hidden");
   if (called.empty()) return {"no window " + words[1] + " is open", {}};
-  if (words[2] == "text") return Answer(FirstText(client, *called.front()));
-  if (words[2] == "place") return Answer(PlaceOf(client, *called.front()));
+  if (words[2] == "text") return Told(FirstText(client, *called.front()));
+  if (words[2] == "place") return Told(PlaceOf(client, *called.front()));
   return {"state, visible, text or place?", {}};
 }
 

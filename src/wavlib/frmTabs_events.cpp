@@ -100,8 +100,10 @@ void frmTabs::SendCurrentTo() {
   const ListedWav wav = Current();
   const auto path = SendWavTo(program, *this, wav);
   if (!path) return;
-  FollowMove(program, wav, *path);
-  RefreshFavWavs();
+  if (*path != wav.path) {
+    FollowMove(program, wav, *path);
+    RefreshFavWavs();
+  }
   if (frmTabs* list = StandingAt(wav.folder)) list->Refresh();
 }
 

@@ -251,6 +251,15 @@ TEST_F(FilesTest, AProfilesKeyMayHoldAnEqualsSign) {
   EXPECT_TRUE(files.WriteProfile(file, "Data", "A=B", "d"));
   EXPECT_EQ(files.ReadProfile(file, "Data", "a=b"), "d");
   EXPECT_EQ(files.Read(file), "[Data]\r\na=b=d\r\n");
+  // in a file that somebody else has written, too
+  const std::string other = At("desc2.dat");
+  files.Write(other, "[Data]\r\na=b=\"c d\"\r\n");
+  EXPECT_EQ(files.ReadProfile(other, "Data", "a=b"), "c d");
+  EXPECT_EQ(files.ReadProfile(other, "Data", "a=x"), "");
+  EXPECT_TRUE(files.WriteProfile(other, "Data", "A=B", "e"));
+  EXPECT_EQ(files.Read(other), "[Data]\r\na=b=e\r\n");
+  EXPECT_TRUE(files.WriteProfile(other, "Data", "a=b", std::nullopt));
+  EXPECT_EQ(files.Read(other), "[Data]\r\n");
 }
 
 TEST_F(FilesTest, AProfileFileDoesNotOutgrowItsLimit) {

@@ -52,7 +52,6 @@ class SampleWindow : public forms::Form {
     control.onClick = [this, name] { ++events_[name + " click"]; };
     control.onDblClick = [this, name] { ++events_[name + " double-click"]; };
     control.onRightClick = [this, name] { ++events_[name + " right click"]; };
-    control.onDrag = [this, name](int, int) { ++events_[name + " drag"]; };
     control.onKey = [this, name](Key) { return ++events_[name + " key"], false; };
   }
   forms::MenuRow Row(const char* caption) {

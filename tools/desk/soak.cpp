@@ -153,10 +153,10 @@ void Soak::Ending() {
   play_.user.DismissPopup();
   AnswerDialogs();
   if (stage_.Program() == 0) return End();
-  if (stage_.Client() && dice_.Chance(20)) {
-    Words close;
-    close.Add("client-close", false);
-    Do(close);
+  if (!stage_.Client() || !dice_.Chance(20)) return;
+  for (const char* line : {"upload off", "client-close"}) {
+    std::string error;
+    Do(ParseScenarioLine(line, {}, error));
   }
 }
 

@@ -2,8 +2,9 @@
 #include "tools/desk/soak_user.h"
 
 #include "base/text.h"
-#include "core/settings_store.h"
+#include "core/settings.h"
 #include "platform/desk/desk_windows.h"
+#include "platform/form_keyboard.h"
 
 #include <algorithm>
 
@@ -16,7 +17,7 @@ constexpr practice::Locale kLocales[] = {practice::Locale::kUs, practice::Locale
 constexpr const char* kVersions[] = {"3.0", "4.0", "4.0", "5.0", "5.1"};
 constexpr const char* kPlainButtons[] = {"Yes", "OK", "No", "Cancel", "Retry", "Ignore"};
 constexpr int kFullWindow = 100, kPoorWindow = 10;
-constexpr const char* kSettings = "Software\\QRV Software\\Corvel";
+constexpr int kChangedSettings = 5;  // percent
 // As deep as a line of the language can say.
 constexpr std::size_t kMostRows = 2;
 
@@ -80,7 +81,7 @@ std::span<const SoakUser::Area> SoakUser::Areas() {
                                     {110, &SoakUser::UseWord},
                                     {5, &SoakUser::UseTray},
                                     {8, &SoakUser::UseClientMenu},
-                                    {2, &SoakUser::CloseDocument}};
+                                    {8, &SoakUser::CloseDocument}};
   return kAreas;
 }
 
@@ -128,7 +129,7 @@ std::vector<FormView> SoakUser::PlayableForms() {
 std::vector<ControlView> SoakUser::UsableControls(Window form) {
   auto controls = stage_.ControlsOf(form);
   std::erase_if(controls, [](const ControlView& control) {
-    return !control.state->visible || !control.state->enabled || !FindKind(control.state->kind);
+    return !IsUsable(*control.state) || !FindKind(control.state->kind);
   });
   return controls;
 }
@@ -138,8 +139,8 @@ void SoakUser::Look() {
     for (const ControlView& control : UsableControls(form.window)) uses_.Saw(NameIn(form, control));
 }
 
-// The more there is in a window, the more it draws; with hardly anything to do in any, the user looks
-// at the client instead.
+// The more there is in a window, the more it draws; with hardly anything to do in any, the user
+// looks at the client instead.
 SoakUser::Thought SoakUser::UseWindow() {
   std::vector<Offer> forms;
   int all = 0;
@@ -174,8 +175,10 @@ SoakUser::Thought SoakUser::UseForm(const FormView& form) {
 
 std::vector<std::string> SoakUser::WordsFor(const std::string& name, const ControlState& state) {
   auto ways = FindKind(state.kind)->ways;
-  if (state.items.empty())
-    std::erase_if(ways, [](const Way& way) { return way.what == std::string_view("ITEM"); });
+  std::erase_if(ways, [&state](const Way& way) {
+    const std::string_view what = way.what;
+    return (what == "ITEM" && state.items.empty()) || (what == "DX DY" && !state.dragsForm);
+  });
   int all = 0;
   for (const Way& way : ways) all += way.weight;
   int drawn = dice_.Below(all);
@@ -323,11 +326,15 @@ void SoakUser::ThinkOfAnswer() {
 
 void SoakUser::ChangeSettings() {
   SettingsStore store(stage_.registry());
-  auto sections = stage_.registry().SubKeyNames(kSettings).value_or(std::vector<std::string>());
-  sections.push_back("");
-  for (const std::string& section : sections)
-    for (const std::string& name : store.Names(section).value_or(std::vector<std::string>()))
-      if (dice_.Chance(20)) store.WriteKey(section, name, Another(store.ReadKey(section, name)));
+  int uiMode = 0, accessMode = 0;
+  const Settings settings(store, uiMode, accessMode);
+  for (const Setting* const setting : settings.tree.settings) {
+    if (!dice_.Chance(kChangedSettings)) continue;
+    const char* const section = setting->Section().name;
+    std::string value = store.ReadKey(section, setting->Key());
+    if (Trim(value).empty()) value = setting->DefaultText();
+    store.WriteKey(section, setting->Key(), Another(value));
+  }
 }
 
 // Another value of the same kind, or what somebody else may have written there.

@@ -36,7 +36,7 @@ class SoakUser {
   void ThinkOfAnswer();
   // The next client to be, before it starts.
   void ChooseClient();
-  // Earlier settings, as another evening may have left them: changes some of those that are there.
+  // Earlier settings, as another evening may have left them: changes some of all that are declared.
   void ChangeSettings();
 
   const SoakUses& Uses() const { return uses_; }

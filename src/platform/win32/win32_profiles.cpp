@@ -55,6 +55,29 @@ bool IsWritable(const std::string& path) {
   return !path.empty() && (!IsThere(path) || !(GetFileAttributesA(path.c_str()) & kBarred));
 }
 
+std::string WithoutQuotes(const std::string& text) {
+  const bool quoted = text.size() >= 2 && text.front() == text.back() &&
+                      (text.front() == '"' || text.front() == '\'');
+  return quoted ? text.substr(1, text.size() - 2) : text;
+}
+
+// Where a key's value stands for the routines.
+struct Entry {
+  std::string key;
+  std::string front;  // of the value there: the rest of the key
+};
+
+// The routines end a key at its first "=" when they read the file from the disk, so one that holds
+// a "=" is looked for under what stands before it, too.
+Entry EntryOf(const std::string& path, const std::string& section, const std::string& key) {
+  const auto equal = key.find('=');
+  if (equal == std::string::npos) return {key, {}};
+  const std::string begin = Trim(std::string_view(key).substr(0, equal));
+  const std::string rest = key.substr(equal + 1) + '=';
+  const std::string front = ValueOf(path, section, begin, "").substr(0, rest.size());
+  return EqualNoCase(front, rest) ? Entry{begin, front} : Entry{key, {}};
+}
+
 // Whether the file can take the value without outgrowing its limit.
 bool HasRoom(const std::string& path, const std::string& section, const std::string& key,
              const std::string& value) {
@@ -73,18 +96,22 @@ std::string Win32Files::ReadProfile(std::string_view path, std::string_view sect
   const std::string file = ProfilePath(path);
   if (file.empty()) return {};
   Flush(file);
-  return ValueOf(file, OneLine(section), OneLine(key), "");
+  const std::string sectionName = OneLine(section);
+  const Entry entry = EntryOf(file, sectionName, OneLine(key));
+  const std::string value = ValueOf(file, sectionName, entry.key, "");
+  return entry.front.empty() ? value : WithoutQuotes(Trim(value.substr(entry.front.size())));
 }
 
 bool Win32Files::WriteProfile(std::string_view path, std::string_view section, std::string_view key,
                               std::optional<std::string_view> value) {
-  const std::string file = ProfilePath(path), sectionName = OneLine(section), name = OneLine(key);
-  const std::string text = OneLine(value.value_or(""));
+  const std::string file = ProfilePath(path), sectionName = OneLine(section);
   if (!IsWritable(file)) return false;
   Flush(file);
   if (!value && !IsThere(file)) return true;  // the routine would make it
-  if (value && !HasRoom(file, sectionName, name, text)) return false;
-  const bool done = WritePrivateProfileStringA(sectionName.c_str(), name.c_str(),
+  const Entry entry = EntryOf(file, sectionName, OneLine(key));
+  const std::string text = entry.front + OneLine(value.value_or(""));
+  if (value && !HasRoom(file, sectionName, entry.key, text)) return false;
+  const bool done = WritePrivateProfileStringA(sectionName.c_str(), entry.key.c_str(),
                                                value ? text.c_str() : nullptr, file.c_str());
   Flush(file);
   return done;
