@@ -4,9 +4,10 @@
 
 #include "platform/peers.h"
 
-#include <commctrl.h>
 #include <cstddef>
 #include <windows.h>
+
+#include <commctrl.h>  // behind windows.h, which it needs
 
 namespace corvel::win32 {
 
