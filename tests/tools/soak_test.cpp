@@ -39,7 +39,7 @@ TEST(Soak, UsesANewWindowWithAllThatIsInIt) {
   Soak soak(kSeed);
   SampleProgram sample(soak.stage());
   sample.Begin();
-  ExpectHeld(soak.Run(3), soak, kSeed);
+  ExpectHeld(soak.Run(4), soak, kSeed);
   for (const char* event : {"lblName click",
                             "cmdOk click",
                             "cmdOk key",
@@ -69,7 +69,7 @@ TEST(Soak, UsesANewWindowWithAllThatIsInIt) {
 // What has stood on the screen often enough has been used: nothing of the program is out of reach.
 TEST(Soak, UsesAllThatStands) {
   constexpr std::uint64_t kSeed = 5;
-  constexpr int kOften = 150;
+  constexpr int kOften = 400;
   Soak soak(kSeed);
   ExpectHeld(soak.Run(4), soak, kSeed);
   int used = 0;

@@ -16,6 +16,7 @@ constexpr practice::Locale kLocales[] = {practice::Locale::kUs, practice::Locale
                                          practice::Locale::kAustralia};
 constexpr const char* kVersions[] = {"3.0", "4.0", "4.0", "5.0", "5.1"};
 constexpr const char* kPlainButtons[] = {"Yes", "OK", "No", "Cancel", "Retry", "Ignore"};
+constexpr std::size_t kManyDocuments = 5;
 constexpr int kFullWindow = 100, kPoorWindow = 10;
 constexpr int kChangedSettings = 5;  // percent
 // As deep as a line of the language can say.
@@ -81,7 +82,7 @@ std::span<const SoakUser::Area> SoakUser::Areas() {
                                     {110, &SoakUser::UseWord},
                                     {5, &SoakUser::UseTray},
                                     {8, &SoakUser::UseClientMenu},
-                                    {8, &SoakUser::CloseDocument}};
+                                    {3, &SoakUser::CloseDocument}};
   return kAreas;
 }
 
@@ -255,20 +256,26 @@ SoakUser::Thought SoakUser::UseClientMenu() {
 
 // --- The client, the people in it, the drive -----------------------------------------------------
 
-SoakUser::Thought SoakUser::CloseDocument() {
+std::vector<std::string> SoakUser::Documents() {
+  std::vector<std::string> captions;
   const practice::PracticeClient* const client = stage_.Client();
-  if (!client) return {};
+  if (!client) return captions;
   desk::DeskWindows& windows = stage_.desk().windows();
+  for (Window child = windows.TopChild(client->Mdi()); child; child = windows.Next(child))
+    if (windows.IsVisible(child)) captions.push_back(windows.CaptionOf(child));
+  return captions;
+}
+
+SoakUser::Thought SoakUser::CloseDocument() {
   std::vector<Offer> offers;
-  for (Window child = windows.TopChild(client->Mdi()); child; child = windows.Next(child)) {
-    const std::string caption = windows.CaptionOf(child);
-    if (!caption.empty() && windows.IsVisible(child))
-      offers.push_back({"close-window", 1, {"close-window", caption}});
-  }
+  for (const std::string& caption : Documents())
+    if (!caption.empty()) offers.push_back({"close-window", 1, {"close-window", caption}});
   return OneOf(offers);
 }
 
+// A user who loses sight of his windows closes some.
 SoakUser::Thought SoakUser::UseWord() {
+  if (Documents().size() > kManyDocuments && dice_.Chance(60)) return CloseDocument();
   std::vector<Offer> offers;
   const auto add = [&](const Command& command) {
     if (WeightOf(command) == 0) return;  // said elsewhere, or not at all

@@ -65,6 +65,7 @@ class SoakUser {
   void Look();
   std::vector<FormView> PlayableForms();
   std::vector<ControlView> UsableControls(Window form);
+  std::vector<std::string> Documents();  // captions of the client's, the topmost first
   std::vector<std::string> WordsFor(const std::string& name, const ControlState& state);
   void AddRows(std::vector<Offer>& offers, MenuHandle menu, std::vector<std::string> path,
                const std::string& origin);

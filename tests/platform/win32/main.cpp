@@ -17,7 +17,6 @@ constexpr KnownGap kWinesGaps[] = {
     {"RegistryTest.AValueWrittenAnewKeepsItsPlace", "values stand in order of their names"},
     {"FilesTest.APatternWithADotAtItsEndMatchesNamesWithout", "the dot counts for nothing"},
     {"FilesTest.ShortPathsAreOfEightAndThree", "short names are made in another way"},
-    {"FilesTest.AProfilesKeyMayHoldAnEqualsSign", "it ends at the first one"},
     {"FilesTest.ADriveWithoutADiskHasItsKindAndIsNotReady", "it seems to hold an empty one"},
     {"MediaTest.WordsAreToldFromAliasesAndBlanksMeanNothing",
      "what it does not know is a file, or no command"},
